@@ -1,0 +1,32 @@
+#pragma once
+
+// The whole public interface of the param library.
+
+#include <utils/utils.h>
+
+#include <param/errors.h>
+#include <param/export.h>
+
+// Serialisation nodes and documents
+#include <param/seri/errorStep.h>
+#include <param/seri/recordIo.h>
+#include <param/seri/seriArray.h>
+#include <param/seri/seriDocument.h>
+#include <param/seri/seriInfo.h>
+#include <param/seri/seriObject.h>
+#include <param/seri/seriOption.h>
+#include <param/seri/variant.h>
+
+// Parameter records
+#include <param/params/extParam.h>
+#include <param/params/optimizeFocusParam.h>
+#include <param/params/paramArray.h>
+#include <param/params/penArray.h>
+#include <param/params/penParam.h>
+#include <param/params/pulsePointParam.h>
+#include <param/params/stepMarkParam.h>
+#include <param/params/wobbleParam.h>
+
+// Geometry
+#include <param/shape/mPointF2d.h>
+#include <param/shape/point2dConcept.h>

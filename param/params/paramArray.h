@@ -1,0 +1,83 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+
+#include <param/seri/errorStep.h>
+#include <param/seri/seriObject.h>
+
+namespace param {
+
+// A growable array of records that saves itself as {"params": [ {...}, ... ]}.
+//
+// Loading is in place and never shrinks the array: saved element i is loaded
+// over element i (keys missing from the file keep the element's values), saved
+// elements beyond the current size are appended as default elements loaded from
+// their objects, and elements beyond the saved count stay as they are. The first
+// element that cannot be fetched or loaded ends the loop; its code then goes
+// through the error-response step once more.
+//
+// Saving stops quietly at the first element whose save fails: the stored array
+// holds the elements before it and the save reports success.
+template <class T>
+struct ParamArray : std::vector<T> {
+  using std::vector<T>::vector;
+
+  virtual SdkError load(const SeriObject& obj);
+  virtual SdkError save(SeriObject& obj) const;
+
+  // Position of the first element whose id() equals `id`, or -1.
+  std::int32_t indexOf(unsigned int id) const
+    requires requires(const T& t) { t.id(); }
+  {
+    for (std::size_t i = 0; i < this->size(); ++i) {
+      if (static_cast<std::int64_t>((*this)[i].id()) == static_cast<std::int64_t>(id)) {
+        return static_cast<std::int32_t>(i);
+      }
+    }
+    return -1;
+  }
+};
+
+template <class T>
+SdkError ParamArray<T>::load(const SeriObject& obj) {
+  SeriArray saved(utils::JsonLoad::instance);
+  SdkError e = obj.getSeriArray("params", saved);
+  if (e == 0) {
+    const std::size_t n = saved.size();
+    const std::size_t c = this->size();
+    if (n > c) {
+      if (n > this->max_size()) throw std::length_error("vector<T> too long");
+      this->reserve(n);
+    }
+    for (std::size_t i = 0; i < n && e == 0; ++i) {
+      SeriObject child(utils::JsonLoad::instance);
+      e = saved.getSeriObject(i, child);
+      if (e != 0) break;
+      if (i < c) {
+        e = (*this)[i].load(child);
+      } else {
+        T element{};
+        e = element.load(child);
+        if (e == 0) this->push_back(std::move(element));
+      }
+    }
+  }
+  return errorStep(e);
+}
+
+template <class T>
+SdkError ParamArray<T>::save(SeriObject& obj) const {
+  SeriArray out(utils::JsonSave::instance);
+  out.reserve(this->size());
+  for (const T& element : *this) {
+    SeriObject child(utils::JsonSave::instance);
+    if (element.save(child) != 0) break;
+    out.addSeriObject(std::move(child));
+  }
+  return errorStep(obj.setSeriArray("params", std::move(out)));
+}
+
+}  // namespace param

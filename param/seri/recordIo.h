@@ -1,0 +1,332 @@
+#pragma once
+
+// The record convention: how a parameter record reads and writes its keys.
+//
+// A record lists its keys once, in order, in one function template that serves
+// both directions:
+//
+//   namespace {
+//   SdkError keys(auto&& io, RecordOf<StepMarkParam> auto& r) {
+//     io("bEnable", r.bEnable);
+//     io("stepDelay", r.stepDelay);
+//     io("stepLen", r.stepLen);
+//     return io.result();
+//   }
+//   }  // namespace
+//
+//   SdkError StepMarkParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
+//   SdkError StepMarkParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+//
+// Each key goes through the error-response step (errorStep): on Abort the walk
+// stops and returns the key's code, otherwise the member keeps its value and the
+// walk goes on. The kind of a member decides how it is stored (FieldIo below):
+//
+//   bool, integers, float, double, enums  a JSON number or boolean
+//   std::string                           a string
+//   char[N]                               a string; a longer one is cut to N - 1 chars
+//   Point2dConcept<T>                     an object {"x", "y"}
+//   a record (load/save members)          a child object
+//   std::array<T, N>, T[N]                an array; loading reads the first
+//                                         min(length, N) elements in place
+//   std::vector<T>                        an array; loading rebuilds the list at the
+//                                         array's length and replaces the member
+//                                         only when every element was read
+//   a CustomField                         whatever its read and write do
+
+#include <algorithm>
+#include <array>
+#include <concepts>
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <utils/json.h>
+
+#include <param/seri/errorStep.h>
+#include <param/seri/seriObject.h>
+#include <param/shape/point2dConcept.h>
+
+namespace param {
+
+// ---- Where a value is read from and written to ----
+
+// The member `key` of an object.
+struct KeySource {
+  const SeriObject& obj;
+  const char* key;
+
+  template <class T>
+  SdkError get(T& value) const {
+    return obj.get(key, value);
+  }
+  SdkError getObject(SeriObject& out) const { return obj.getSeriObject(key, out); }
+  SdkError getArray(SeriArray& out) const { return obj.getSeriArray(key, out); }
+};
+
+struct KeySink {
+  SeriObject& obj;
+  const char* key;
+
+  template <class T>
+  SdkError put(const T& value) {
+    return obj.set(key, value);
+  }
+  SdkError putObject(SeriObject&& child) { return obj.setSeriObject(key, std::move(child)); }
+  SdkError putArray(SeriArray&& child) { return obj.setSeriArray(key, std::move(child)); }
+};
+
+// Element `index` of an array.
+struct IndexSource {
+  const SeriArray& arr;
+  std::size_t index;
+
+  template <class T>
+  SdkError get(T& value) const {
+    return arr.get(index, value);
+  }
+  SdkError getObject(SeriObject& out) const { return arr.getSeriObject(index, out); }
+  SdkError getArray(SeriArray& out) const { return arr.getSeriArray(index, out); }
+};
+
+// The end of an array.
+struct AppendSink {
+  SeriArray& arr;
+
+  template <class T>
+  SdkError put(const T& value) {
+    return arr.add(value);
+  }
+  SdkError putObject(SeriObject&& child) { return arr.addSeriObject(std::move(child)); }
+  SdkError putArray(SeriArray&& child) { return arr.addSeriArray(std::move(child)); }
+};
+
+// ---- How each kind of member is stored ----
+
+// A record: anything with `SdkError load(const SeriObject&)` and `SdkError save(SeriObject&) const`.
+template <class T>
+concept SeriRecord = requires(T& t, const T& c, const SeriObject& in, SeriObject& out) {
+  { t.load(in) } -> std::same_as<SdkError>;
+  { c.save(out) } -> std::same_as<SdkError>;
+};
+
+// A key that a record reads and writes in its own way: a small adapter object
+// with `SdkError read(const KeySource&)` and `SdkError write(KeySink&) const`.
+template <class T>
+concept CustomField = requires(T& t, const T& c, const KeySource& in, KeySink& out) {
+  { t.read(in) } -> std::same_as<SdkError>;
+  { c.write(out) } -> std::same_as<SdkError>;
+};
+
+// `R` is the record type `T`, const or not: lets one key list serve load and save.
+template <class R, class T>
+concept RecordOf = std::same_as<std::remove_const_t<R>, T>;
+
+template <class T>
+struct FieldIo;
+
+template <utils::JsonScalar T>
+struct FieldIo<T> {
+  static SdkError read(const auto& src, T& value) { return src.get(value); }
+  static SdkError write(auto& dst, const T& value) { return dst.put(value); }
+};
+
+template <>
+struct FieldIo<std::string> {
+  static SdkError read(const auto& src, std::string& value) { return src.get(value); }
+  static SdkError write(auto& dst, const std::string& value) { return dst.put(value); }
+};
+
+// A zero-terminated character array of N bytes: at most N - 1 characters.
+template <std::size_t N>
+struct FieldIo<char[N]> {
+  static_assert(N > 0);
+  static SdkError read(const auto& src, char (&value)[N]) {
+    std::string text;
+    if (SdkError e = src.get(text)) return e;
+    const std::size_t n = std::min(text.size(), N - 1);
+    std::memcpy(value, text.data(), n);
+    std::memset(value + n, 0, N - n);
+    return 0;
+  }
+  static SdkError write(auto& dst, const char (&value)[N]) {
+    const void* end = std::memchr(value, 0, N);
+    const std::size_t n = end ? static_cast<const char*>(end) - value : N;
+    return dst.put(std::string_view(value, n));
+  }
+};
+
+// A child record: fetched and loaded by the record's own load. On saving, a
+// record whose save fails stores nothing and its code is the key's code.
+template <SeriRecord T>
+struct FieldIo<T> {
+  static SdkError read(const auto& src, T& value) {
+    SeriObject child(utils::JsonLoad::instance);
+    if (SdkError e = src.getObject(child)) return e;
+    return value.load(child);
+  }
+  static SdkError write(auto& dst, const T& value) {
+    SeriObject child(utils::JsonSave::instance);
+    if (SdkError e = value.save(child)) return e;
+    return dst.putObject(std::move(child));
+  }
+};
+
+template <CustomField T>
+struct FieldIo<T> {
+  static SdkError read(const KeySource& src, T& value) { return value.read(src); }
+  static SdkError write(KeySink& dst, const T& value) { return value.write(dst); }
+};
+
+class RecordLoader;
+class RecordSaver;
+
+// A point: an object with the keys "x" and "y", each with the error-response step.
+template <class C>
+struct FieldIo<Point2dConcept<C>> {
+  static SdkError read(const auto& src, Point2dConcept<C>& p);
+  static SdkError write(auto& dst, const Point2dConcept<C>& p);
+};
+
+// Fixed-length arrays: loading reads the first min(length, N) elements in place;
+// the rest keep their values and surplus elements are ignored. The first element
+// that cannot be read ends the load with its code.
+template <class T, std::size_t N>
+struct FixedArrayIo {
+  static SdkError read(const auto& src, T* values) {
+    SeriArray arr(utils::JsonLoad::instance);
+    if (SdkError e = src.getArray(arr)) return e;
+    const std::size_t n = std::min(arr.size(), N);
+    for (std::size_t i = 0; i < n; ++i) {
+      if (SdkError e = FieldIo<T>::read(IndexSource{arr, i}, values[i])) return e;
+    }
+    return 0;
+  }
+  static SdkError write(auto& dst, const T* values) {
+    SeriArray arr(utils::JsonSave::instance);
+    arr.reserve(N);
+    AppendSink sink{arr};
+    for (std::size_t i = 0; i < N; ++i) {
+      if (SdkError e = FieldIo<T>::write(sink, values[i])) return e;
+    }
+    return dst.putArray(std::move(arr));
+  }
+};
+
+template <class T, std::size_t N>
+  requires(!std::same_as<T, char>)
+struct FieldIo<T[N]> {
+  static SdkError read(const auto& src, T (&values)[N]) {
+    return FixedArrayIo<T, N>::read(src, values);
+  }
+  static SdkError write(auto& dst, const T (&values)[N]) {
+    return FixedArrayIo<T, N>::write(dst, values);
+  }
+};
+
+template <class T, std::size_t N>
+struct FieldIo<std::array<T, N>> {
+  static SdkError read(const auto& src, std::array<T, N>& values) {
+    return FixedArrayIo<T, N>::read(src, values.data());
+  }
+  static SdkError write(auto& dst, const std::array<T, N>& values) {
+    return FixedArrayIo<T, N>::write(dst, values.data());
+  }
+};
+
+// Variable-length lists: loading builds a fresh list of default elements at the
+// array's length, reads every element into it, and replaces the member only when
+// all were read; otherwise the first failing element's code is returned and the
+// member is left as it was.
+template <class T, class A>
+struct FieldIo<std::vector<T, A>> {
+  static SdkError read(const auto& src, std::vector<T, A>& values) {
+    SeriArray arr(utils::JsonLoad::instance);
+    if (SdkError e = src.getArray(arr)) return e;
+    std::vector<T, A> fresh;
+    fresh.reserve(arr.size());
+    for (std::size_t i = 0; i < arr.size(); ++i) {
+      T element{};
+      if (SdkError e = FieldIo<T>::read(IndexSource{arr, i}, element)) return e;
+      fresh.push_back(std::move(element));
+    }
+    values = std::move(fresh);
+    return 0;
+  }
+  static SdkError write(auto& dst, const std::vector<T, A>& values) {
+    SeriArray arr(utils::JsonSave::instance);
+    arr.reserve(values.size());
+    AppendSink sink{arr};
+    for (const auto& element : values) {
+      if (SdkError e = FieldIo<T>::write(sink, static_cast<const T&>(element))) return e;
+    }
+    return dst.putArray(std::move(arr));
+  }
+};
+
+// ---- The key walkers ----
+
+// Loads a record's keys in order (see the top of this file).
+class RecordLoader {
+ public:
+  explicit RecordLoader(const SeriObject& obj) : obj_(obj) {}
+
+  template <class T>
+  RecordLoader& operator()(const char* key, T&& member) {
+    if (result_ == 0) {
+      using V = std::remove_cvref_t<T>;
+      result_ = errorStep(FieldIo<V>::read(KeySource{obj_, key}, member));
+    }
+    return *this;
+  }
+
+  const SeriObject& object() const { return obj_; }
+  // 0, or the code of the key at which the handler stopped the walk.
+  SdkError result() const { return result_; }
+
+ private:
+  const SeriObject& obj_;
+  SdkError result_ = 0;
+};
+
+// Saves a record's keys in order (see the top of this file).
+class RecordSaver {
+ public:
+  explicit RecordSaver(SeriObject& obj) : obj_(obj) {}
+
+  template <class T>
+  RecordSaver& operator()(const char* key, const T& member) {
+    if (result_ == 0) {
+      using V = std::remove_cvref_t<T>;
+      KeySink sink{obj_, key};
+      result_ = errorStep(FieldIo<V>::write(sink, member));
+    }
+    return *this;
+  }
+
+  SeriObject& object() const { return obj_; }
+  SdkError result() const { return result_; }
+
+ private:
+  SeriObject& obj_;
+  SdkError result_ = 0;
+};
+
+template <class C>
+SdkError FieldIo<Point2dConcept<C>>::read(const auto& src, Point2dConcept<C>& p) {
+  SeriObject child(utils::JsonLoad::instance);
+  if (SdkError e = src.getObject(child)) return e;
+  return RecordLoader(child)("x", p.x)("y", p.y).result();
+}
+
+template <class C>
+SdkError FieldIo<Point2dConcept<C>>::write(auto& dst, const Point2dConcept<C>& p) {
+  SeriObject child(utils::JsonSave::instance);
+  if (SdkError e = RecordSaver(child)("x", p.x)("y", p.y).result()) return e;
+  return dst.putObject(std::move(child));
+}
+
+}  // namespace param

@@ -1,0 +1,202 @@
+#include <param/seri/seriDocument.h>
+
+#include <cstring>
+
+#include <utils/algorithm/aes.h>
+#include <utils/algorithm/base64.h>
+#include <utils/algorithm/codec.h>
+#include <utils/algorithm/lzma.h>
+#include <utils/algorithm/xor.h>
+#include <utils/logger.h>
+#include <utils/mmfile.h>
+
+#include <param/errors.h>
+#include <param/seri/internal/documentKeys.h>
+
+namespace param {
+
+namespace {
+
+namespace alg = utils::algorithm;
+
+// AES algorithm by the option word's bits 4-5.
+constexpr alg::AESAlgorithm kAesTable[4] = {alg::AESAlgorithm::GCM, alg::AESAlgorithm::CFB,
+                                            alg::AESAlgorithm::CBC, alg::AESAlgorithm::CTR};
+
+SdkError encode(const std::string& text, SeriOption option, std::string& payload) {
+  const std::uint8_t* key = documentKey(option.keyIndex());
+  switch (option.encoding()) {
+    case SeriOption::Base64:
+      alg::base64::encode(text.data(), text.size(), payload);
+      return 0;
+    case SeriOption::Xor:
+      alg::XOR::encode(text.data(), text.size(), key, 16, payload);
+      return 0;
+    case SeriOption::Lzma:
+      return alg::lzma::compress(text.data(), text.size(), payload);
+    case SeriOption::Aes:
+      return alg::aes::encrypt(kAesTable[option.aesAlgorithm()], text.data(), text.size(), key,
+                               16, payload);
+    default:
+      return errc::unknownEncodingOnWrite;
+  }
+}
+
+SdkError decode(const std::uint8_t* payload, std::size_t length, SeriOption option,
+                std::string& text) {
+  const std::uint8_t* key = documentKey(option.keyIndex());
+  switch (option.encoding()) {
+    case SeriOption::Base64:
+      return alg::base64::decode(payload, length, text);
+    case SeriOption::Xor:
+      if (length > alg::decodeLimit()) return utils::errc::payloadTooLarge;
+      alg::XOR::decode(payload, length, key, 16, text);
+      return 0;
+    case SeriOption::Lzma:
+      return alg::lzma::decompress(payload, length, text);
+    case SeriOption::Aes:
+      return alg::aes::decrypt(kAesTable[option.aesAlgorithm()], payload, length, key, 16, text);
+    default:
+      return errc::badFormat;
+  }
+}
+
+void storeWord(std::uint64_t word, std::uint8_t (&out)[SeriDocument::kHeaderSize]) {
+  for (std::size_t i = 0; i < SeriDocument::kHeaderSize; ++i) {
+    out[i] = static_cast<std::uint8_t>(word >> (8 * i));
+  }
+}
+
+std::uint64_t loadWord(const std::uint8_t* in) {
+  std::uint64_t word = 0;
+  for (std::size_t i = 0; i < SeriDocument::kHeaderSize; ++i) {
+    word |= static_cast<std::uint64_t>(in[i]) << (8 * i);
+  }
+  return word;
+}
+
+void logFailure(const char* what, const utils::path& file, SdkError code) {
+  utils::Logger(utils::LogLevel::Error, "Param")
+      .write(what)
+      .write(" ")
+      .write(file)
+      .write(" failed, ")
+      .write(code);
+}
+
+}  // namespace
+
+SeriDocument::SeriDocument(utils::JsonLoad tag) : SeriObject(tag) { setInfo(&info_); }
+
+SeriDocument::SeriDocument(utils::JsonSave tag, const std::string& extension)
+    : SeriObject(tag), info_(extension) {
+  setInfo(&info_);
+}
+
+SeriDocument::SeriDocument(SeriObject&& content, const SeriInfo* info)
+    : SeriObject(std::move(content)), info_(info ? *info : SeriInfo()) {
+  setInfo(&info_);
+}
+
+SeriDocument::SeriDocument(SeriDocument&& other) noexcept
+    : SeriObject(std::move(other)), info_(std::move(other.info_)) {
+  setInfo(&info_);
+}
+
+SeriDocument& SeriDocument::operator=(SeriDocument&& other) noexcept {
+  SeriObject::operator=(std::move(other));
+  info_ = std::move(other.info_);
+  setInfo(&info_);
+  return *this;
+}
+
+SeriDocument SeriDocument::clone() const { return SeriDocument(SeriObject::clone(), &info_); }
+
+SdkError SeriDocument::setSeriObject(const char* key, SeriObject&& child) {
+  return SeriObject::setSeriObject(key, std::move(child));
+}
+
+SdkError SeriDocument::getSeriObject(const char* key, SeriObject& out) const {
+  return SeriObject::getSeriObject(key, out);
+}
+
+SdkError SeriDocument::setSeriArray(const char* key, SeriArray&& child) {
+  child.info_ = &info_;
+  return SeriObject::setSeriArray(key, std::move(child));
+}
+
+SdkError SeriDocument::getSeriArray(const char* key, SeriArray& out) const {
+  return SeriObject::getSeriArray(key, out);
+}
+
+SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) const {
+  if (info_.extension.empty()) info_.extension = file.getExtensionA();
+
+  // The block's own result is deliberately not checked: a document whose block
+  // could not be built is still written.
+  SeriObject block(utils::JsonSave::instance);
+  if (info_.save(block) == 0) setJsonObjectOfConst(kInfoKey, std::move(block));
+
+  std::string payload;
+  {
+    const std::string text = stringfy();
+    if (SdkError e = encode(text, option, payload)) {
+      logFailure("encode document for", file, e);
+      return e;
+    }
+  }
+
+  const utils::path temporary = file.replaceFilename(file.filenameW() + L".tmp");
+  SdkError result = 0;
+  {
+    utils::wo_mmfile out(temporary, payload.size() + kHeaderSize);
+    if (!out.is_open()) {
+      result = errc::mapFailed;
+    } else {
+      std::uint8_t header[kHeaderSize];
+      storeWord(option.word, header);
+      result = out.write(0, header, kHeaderSize);
+      if (result == 0) result = out.write(kHeaderSize, payload.data(), payload.size());
+      if (result == 0) result = out.flush();
+    }
+  }
+  // The temporary file replaces the target in every case; its name less ".tmp"
+  // is the target's.
+  std::wstring name = temporary.filenameW();
+  name.resize(name.size() - 4);
+  const SdkError renamed = utils::path::rename(temporary, temporary.replaceFilename(name));
+  if (result == 0) result = renamed;
+  if (result != 0) logFailure("write document", file, result);
+  return result;
+}
+
+SdkError SeriDocument::readFromFile(const utils::path& file) {
+  const utils::ro_mmfile in(file, utils::ro_mmfile::all, 0,
+                            utils::mmflags::sequential | utils::mmflags::populate);
+  if (!in.is_open()) {
+    logFailure("open document", file, errc::mapFailed);
+    return errc::mapFailed;
+  }
+  if (in.size() < kHeaderSize) {
+    logFailure("read document", file, utils::errc::fileTooShort);
+    return utils::errc::fileTooShort;
+  }
+  const SeriOption option(loadWord(in.data()));
+
+  SdkError e = 0;
+  {
+    std::string text;
+    e = decode(in.data() + kHeaderSize, in.size() - kHeaderSize, option, text);
+    if (e == 0) e = parser(text.data(), text.size());
+  }
+  if (e == 0) {
+    // A missing block is returned as it is, without the error-response step.
+    SeriObject block(utils::JsonLoad::instance);
+    e = getSeriObject(kInfoKey, block);
+    if (e == 0) e = info_.load(block);
+  }
+  if (e != 0) logFailure("read document", file, e);
+  return e;
+}
+
+}  // namespace param

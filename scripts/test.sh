@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test through ctest: first the
+# release build, then the Debug build with AddressSanitizer and UBSan.
+# PARAM_SKIP_ASAN=1 runs the release build only.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/deps.sh
+
+jobs=$(nproc 2>/dev/null || echo 2)
+
+echo "== release build =="
+scripts/build.sh release
+ctest --preset release -j "$jobs"
+
+if [ "${PARAM_SKIP_ASAN:-0}" != "1" ]; then
+  echo "== asan build (AddressSanitizer + UndefinedBehaviorSanitizer) =="
+  scripts/build.sh asan
+  ctest --preset asan -j "$jobs"
+fi

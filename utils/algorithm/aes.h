@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include <utils/error.h>
+#include <utils/export.h>
+
+namespace utils::algorithm {
+
+// AES-128 modes. Payload layouts (IV and nonce are fresh random bytes per encryption):
+//   CBC  IV(16) + ciphertext with PKCS#7 padding
+//   CTR  IV(16) + ciphertext
+//   GCM  nonce(12) + ciphertext + tag(16)   (authenticated)
+//   CFB  IV(16) + ciphertext                (CFB128)
+enum class AESAlgorithm : std::uint8_t {
+  CBC = 0,
+  CTR = 1,
+  GCM = 3,
+  CFB = 4,
+};
+
+namespace aes {
+
+inline constexpr std::size_t keyLength = 16;
+
+// errc::aesBadInput for a key that is not 16 bytes or an unknown algorithm.
+UTILS_API SdkError encrypt(AESAlgorithm algorithm, const void* bytes, std::size_t count,
+                           const std::uint8_t* key, std::size_t keyLength, std::string& out);
+
+// errc::aesAuthFailed when a GCM tag does not match, errc::aesBadPadding for bad
+// CBC padding, errc::aesBadInput for a payload too short for its IV or tag.
+UTILS_API SdkError decrypt(AESAlgorithm algorithm, const void* bytes, std::size_t count,
+                           const std::uint8_t* key, std::size_t keyLength, std::string& out);
+
+}  // namespace aes
+}  // namespace utils::algorithm

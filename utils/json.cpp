@@ -1,0 +1,416 @@
+#include <utils/json.h>
+
+#include <boost/json.hpp>
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "internal/jsonText.h"
+
+namespace utils {
+
+namespace bj = boost::json;
+
+const JsonLoad JsonLoad::instance{};
+const JsonSave JsonSave::instance{};
+
+namespace {
+
+const bj::value& asValue(const void* node) { return *static_cast<const bj::value*>(node); }
+
+template <class T>
+T* as(const std::shared_ptr<void>& node) {
+  return static_cast<T*>(node.get());
+}
+
+// The node's container, made exclusive first: a fresh one when there is none,
+// a private copy when the storage is shared with another node.
+template <class T>
+T& exclusive(std::shared_ptr<void>& node) {
+  if (!node) {
+    node = std::make_shared<T>();
+  } else if (node.use_count() > 1) {
+    node = std::make_shared<T>(*as<const T>(node));
+  }
+  return *as<T>(node);
+}
+
+// The node's container as a value to store elsewhere: moved out when nobody
+// else can see it, copied otherwise.
+template <class T>
+bj::value release(std::shared_ptr<void>& node) {
+  bj::value v;
+  if (!node) {
+    v = T();
+  } else if (node.use_count() == 1) {
+    v = std::move(*as<T>(node));
+  } else {
+    v = *as<const T>(node);
+  }
+  node.reset();
+  return v;
+}
+
+// A float stored as the double whose shortest decimal is the float's own, so
+// that 0.02f is written as 0.02 and still reads back as 0.02f.
+double floatToStored(float f) {
+  if (!std::isfinite(f)) return static_cast<double>(f);
+  char buf[32];
+  auto res = std::to_chars(buf, buf + sizeof buf, f);
+  double d = 0;
+  auto back = std::from_chars(buf, res.ptr, d);
+  if (back.ec != std::errc() || static_cast<float>(d) != f) return static_cast<double>(f);
+  return d;
+}
+
+// Non-finite numbers travel as strings (see the class comment).
+bj::value nonFiniteOr(double d) {
+  if (std::isnan(d)) return bj::string("NaN");
+  if (std::isinf(d)) return bj::string(d > 0 ? "Infinity" : "-Infinity");
+  return bj::value(d);
+}
+
+bj::value makeValue(const detail::ScalarValue& s) {
+  switch (s.kind) {
+    case detail::ScalarValue::Bool:
+      return bj::value(s.b);
+    case detail::ScalarValue::Signed:
+      return bj::value(s.i);
+    case detail::ScalarValue::Unsigned:
+      return bj::value(s.u);
+    case detail::ScalarValue::Float:
+      return nonFiniteOr(floatToStored(s.f));
+    case detail::ScalarValue::Double:
+      break;
+  }
+  return nonFiniteOr(s.d);
+}
+
+bool parseNonFinite(const bj::value& v, double& out) {
+  const bj::string* s = v.if_string();
+  if (s == nullptr) return false;
+  if (*s == "NaN") {
+    out = std::numeric_limits<double>::quiet_NaN();
+  } else if (*s == "Infinity") {
+    out = std::numeric_limits<double>::infinity();
+  } else if (*s == "-Infinity") {
+    out = -std::numeric_limits<double>::infinity();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool integralDouble(double d) { return std::isfinite(d) && std::trunc(d) == d; }
+
+template <class Container>
+SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& node,
+                   bj::kind wanted) {
+  if (text == nullptr && length != 0) return errc::parseError;
+  std::error_code ec;
+  bj::value v = parseJson(std::string_view(text ? text : "", length), ec);
+  if (ec) return errc::parseError;
+  if (v.kind() != wanted) return errc::wrongType;
+  if constexpr (std::is_same_v<Container, bj::object>) {
+    node = std::make_shared<bj::object>(std::move(v.get_object()));
+  } else {
+    node = std::make_shared<bj::array>(std::move(v.get_array()));
+  }
+  return 0;
+}
+
+// Points `out` at `v` (which must be of kind T) inside the tree `owner` keeps alive.
+template <class T>
+void view(const std::shared_ptr<void>& owner, const T& v, std::shared_ptr<void>& out) {
+  out = std::shared_ptr<void>(owner, const_cast<T*>(&v));
+}
+
+}  // namespace
+
+namespace detail {
+
+SdkError toBool(const void* node, bool& out) {
+  const bj::value& v = asValue(node);
+  if (!v.is_bool()) return errc::wrongType;
+  out = v.get_bool();
+  return 0;
+}
+
+SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int64_t hi) {
+  const bj::value& v = asValue(node);
+  switch (v.kind()) {
+    case bj::kind::int64: {
+      std::int64_t i = v.get_int64();
+      if (i < lo || i > hi) return errc::outOfRange;
+      out = i;
+      return 0;
+    }
+    case bj::kind::uint64: {
+      std::uint64_t u = v.get_uint64();
+      if (u > static_cast<std::uint64_t>(hi)) return errc::outOfRange;
+      out = static_cast<std::int64_t>(u);
+      return 0;
+    }
+    case bj::kind::double_: {
+      double d = v.get_double();
+      // [lo, hi + 1) holds every integer in range, and both bounds are exact doubles.
+      if (!integralDouble(d) || d < static_cast<double>(lo) ||
+          d >= static_cast<double>(hi) + 1.0) {
+        return errc::outOfRange;
+      }
+      out = static_cast<std::int64_t>(d);
+      return 0;
+    }
+    default:
+      return errc::wrongType;
+  }
+}
+
+SdkError toUnsigned(const void* node, std::uint64_t& out, std::uint64_t hi) {
+  const bj::value& v = asValue(node);
+  switch (v.kind()) {
+    case bj::kind::int64: {
+      std::int64_t i = v.get_int64();
+      if (i < 0 || static_cast<std::uint64_t>(i) > hi) return errc::outOfRange;
+      out = static_cast<std::uint64_t>(i);
+      return 0;
+    }
+    case bj::kind::uint64: {
+      std::uint64_t u = v.get_uint64();
+      if (u > hi) return errc::outOfRange;
+      out = u;
+      return 0;
+    }
+    case bj::kind::double_: {
+      double d = v.get_double();
+      if (!integralDouble(d) || d < 0 || d >= static_cast<double>(hi) + 1.0) {
+        return errc::outOfRange;
+      }
+      out = static_cast<std::uint64_t>(d);
+      return 0;
+    }
+    default:
+      return errc::wrongType;
+  }
+}
+
+SdkError toDouble(const void* node, double& out) {
+  const bj::value& v = asValue(node);
+  switch (v.kind()) {
+    case bj::kind::double_:
+      out = v.get_double();
+      return 0;
+    case bj::kind::int64:
+      out = static_cast<double>(v.get_int64());
+      return 0;
+    case bj::kind::uint64:
+      out = static_cast<double>(v.get_uint64());
+      return 0;
+    default:
+      return parseNonFinite(v, out) ? 0 : errc::wrongType;
+  }
+}
+
+SdkError toFloat(const void* node, float& out) {
+  double d = 0;
+  SdkError e = toDouble(node, d);
+  if (e != 0) return e;
+  if (std::isfinite(d) && std::fabs(d) > std::numeric_limits<float>::max()) {
+    return errc::outOfRange;
+  }
+  out = static_cast<float>(d);
+  return 0;
+}
+
+SdkError toString(const void* node, std::string& out) {
+  const bj::value& v = asValue(node);
+  const bj::string* s = v.if_string();
+  if (s == nullptr) return errc::wrongType;
+  out.assign(s->data(), s->size());
+  return 0;
+}
+
+}  // namespace detail
+
+// ---- JsonObject ----
+
+JsonObject::JsonObject(JsonLoad) {}
+JsonObject::JsonObject(JsonSave) {}
+JsonObject::JsonObject(JsonObject&& other) noexcept = default;
+JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
+JsonObject::~JsonObject() = default;
+
+JsonObject JsonObject::clone() const {
+  JsonObject copy(JsonSave::instance);
+  if (node_) copy.node_ = std::make_shared<bj::object>(*as<const bj::object>(node_));
+  return copy;
+}
+
+void JsonObject::swap(JsonObject& other) noexcept { node_.swap(other.node_); }
+
+const void* JsonObject::find(const char* key) const {
+  if (!node_ || key == nullptr) return nullptr;
+  return as<const bj::object>(node_)->if_contains(key);
+}
+
+SdkError JsonObject::get(const char* key, std::string& out) const {
+  const void* v = find(key);
+  return v ? detail::toString(v, out) : errc::keyMissing;
+}
+
+SdkError JsonObject::setScalar(const char* key, const detail::ScalarValue& value) {
+  if (key == nullptr) return errc::keyMissing;
+  exclusive<bj::object>(node_).insert_or_assign(key, makeValue(value));
+  return 0;
+}
+
+SdkError JsonObject::set(const char* key, std::string_view in) {
+  if (key == nullptr) return errc::keyMissing;
+  exclusive<bj::object>(node_).insert_or_assign(key, bj::string(in));
+  return 0;
+}
+
+SdkError JsonObject::getJsonObject(const char* key, JsonObject& out) const {
+  const void* v = find(key);
+  if (v == nullptr) return errc::keyMissing;
+  const bj::object* o = asValue(v).if_object();
+  if (o == nullptr) return errc::wrongType;
+  view(node_, *o, out.node_);
+  return 0;
+}
+
+SdkError JsonObject::getJsonArray(const char* key, JsonArray& out) const {
+  const void* v = find(key);
+  if (v == nullptr) return errc::keyMissing;
+  const bj::array* a = asValue(v).if_array();
+  if (a == nullptr) return errc::wrongType;
+  view(node_, *a, out.node_);
+  return 0;
+}
+
+SdkError JsonObject::setJsonObject(const char* key, JsonObject&& child) {
+  return setJsonObjectOfConst(key, std::move(child));
+}
+
+SdkError JsonObject::setJsonObjectOfConst(const char* key, JsonObject&& child) const {
+  if (key == nullptr) return errc::keyMissing;
+  bj::value v = release<bj::object>(child.node_);
+  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
+  return 0;
+}
+
+SdkError JsonObject::setJsonArray(const char* key, JsonArray&& child) {
+  if (key == nullptr) return errc::keyMissing;
+  bj::value v = release<bj::array>(child.node_);
+  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
+  return 0;
+}
+
+std::vector<std::string> JsonObject::keys() const {
+  std::vector<std::string> out;
+  if (!node_) return out;
+  const bj::object& o = *as<const bj::object>(node_);
+  out.reserve(o.size());
+  for (const auto& kv : o) out.emplace_back(kv.key());
+  return out;
+}
+
+std::size_t JsonObject::size() const { return node_ ? as<const bj::object>(node_)->size() : 0; }
+
+bool JsonObject::erase(const char* key) {
+  if (!contains(key)) return false;
+  return exclusive<bj::object>(node_).erase(key) != 0;
+}
+
+std::string JsonObject::stringfy(int indent) const {
+  if (!node_) return "{}";
+  return writeJson(*as<const bj::object>(node_), indent);
+}
+
+SdkError JsonObject::parser(const char* text, std::size_t length) {
+  return parseInto<bj::object>(text, length, node_, bj::kind::object);
+}
+
+// ---- JsonArray ----
+
+JsonArray::JsonArray(JsonLoad) {}
+JsonArray::JsonArray(JsonSave) {}
+JsonArray::JsonArray(JsonArray&& other) noexcept = default;
+JsonArray& JsonArray::operator=(JsonArray&& other) noexcept = default;
+JsonArray::~JsonArray() = default;
+
+JsonArray JsonArray::clone() const {
+  JsonArray copy(JsonSave::instance);
+  if (node_) copy.node_ = std::make_shared<bj::array>(*as<const bj::array>(node_));
+  return copy;
+}
+
+void JsonArray::swap(JsonArray& other) noexcept { node_.swap(other.node_); }
+
+std::size_t JsonArray::size() const { return node_ ? as<const bj::array>(node_)->size() : 0; }
+
+void JsonArray::reserve(std::size_t count) { exclusive<bj::array>(node_).reserve(count); }
+
+const void* JsonArray::at(std::size_t index) const {
+  if (!node_) return nullptr;
+  const bj::array& a = *as<const bj::array>(node_);
+  return index < a.size() ? &a[index] : nullptr;
+}
+
+SdkError JsonArray::get(std::size_t index, std::string& out) const {
+  const void* v = at(index);
+  return v ? detail::toString(v, out) : errc::indexOutOfRange;
+}
+
+SdkError JsonArray::addScalar(const detail::ScalarValue& value) {
+  exclusive<bj::array>(node_).push_back(makeValue(value));
+  return 0;
+}
+
+SdkError JsonArray::add(std::string_view in) {
+  exclusive<bj::array>(node_).push_back(bj::string(in));
+  return 0;
+}
+
+SdkError JsonArray::getJsonObject(std::size_t index, JsonObject& out) const {
+  const void* v = at(index);
+  if (v == nullptr) return errc::indexOutOfRange;
+  const bj::object* o = asValue(v).if_object();
+  if (o == nullptr) return errc::wrongType;
+  view(node_, *o, out.node_);
+  return 0;
+}
+
+SdkError JsonArray::getJsonArray(std::size_t index, JsonArray& out) const {
+  const void* v = at(index);
+  if (v == nullptr) return errc::indexOutOfRange;
+  const bj::array* a = asValue(v).if_array();
+  if (a == nullptr) return errc::wrongType;
+  view(node_, *a, out.node_);
+  return 0;
+}
+
+SdkError JsonArray::addJsonObject(JsonObject&& child) {
+  bj::value v = release<bj::object>(child.node_);
+  exclusive<bj::array>(node_).push_back(std::move(v));
+  return 0;
+}
+
+SdkError JsonArray::addJsonArray(JsonArray&& child) {
+  bj::value v = release<bj::array>(child.node_);
+  exclusive<bj::array>(node_).push_back(std::move(v));
+  return 0;
+}
+
+std::string JsonArray::stringfy(int indent) const {
+  if (!node_) return "[]";
+  return writeJson(*as<const bj::array>(node_), indent);
+}
+
+SdkError JsonArray::parser(const char* text, std::size_t length) {
+  return parseInto<bj::array>(text, length, node_, bj::kind::array);
+}
+
+}  // namespace utils

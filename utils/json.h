@@ -1,0 +1,250 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include <utils/error.h>
+#include <utils/export.h>
+
+namespace utils {
+
+// Tags that say whether a node is made to be read from or written to. Both kinds
+// behave the same; the tag documents intent at the construction site.
+struct UTILS_API JsonLoad {
+  static const JsonLoad instance;
+};
+struct UTILS_API JsonSave {
+  static const JsonSave instance;
+};
+
+// Numbers, bools and enumerations (enumerations are stored as their underlying integer).
+template <class T>
+concept JsonScalar = std::is_arithmetic_v<T> || std::is_enum_v<T>;
+
+class JsonArray;
+
+namespace detail {
+// The typed conversions behind JsonObject and JsonArray. `node` is a
+// boost::json::value the caller found; these check its kind and range.
+UTILS_API SdkError toBool(const void* node, bool& out);
+UTILS_API SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int64_t hi);
+UTILS_API SdkError toUnsigned(const void* node, std::uint64_t& out, std::uint64_t hi);
+UTILS_API SdkError toDouble(const void* node, double& out);
+UTILS_API SdkError toFloat(const void* node, float& out);
+UTILS_API SdkError toString(const void* node, std::string& out);
+
+// Reads the scalar `node` (null when a key or index was not found, `missing` then
+// being the code to return) into `out`, checking kind and range.
+template <JsonScalar T>
+SdkError readScalar(const void* node, SdkError missing, T& out) {
+  if (node == nullptr) return missing;
+  if constexpr (std::is_enum_v<T>) {
+    std::underlying_type_t<T> raw{};
+    SdkError e = readScalar(node, missing, raw);
+    if (e == 0) out = static_cast<T>(raw);
+    return e;
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return toBool(node, out);
+  } else if constexpr (std::is_same_v<T, float>) {
+    return toFloat(node, out);
+  } else if constexpr (std::is_floating_point_v<T>) {
+    double d = 0;
+    SdkError e = toDouble(node, d);
+    if (e == 0) out = static_cast<T>(d);
+    return e;
+  } else if constexpr (std::is_signed_v<T>) {
+    std::int64_t v = 0;
+    SdkError e = toSigned(node, v, std::numeric_limits<T>::min(), std::numeric_limits<T>::max());
+    if (e == 0) out = static_cast<T>(v);
+    return e;
+  } else {
+    std::uint64_t v = 0;
+    SdkError e = toUnsigned(node, v, std::numeric_limits<T>::max());
+    if (e == 0) out = static_cast<T>(v);
+    return e;
+  }
+}
+
+// A JSON scalar to store: the kind and one of the payloads.
+struct ScalarValue {
+  enum Kind : std::uint8_t { Bool, Signed, Unsigned, Double, Float } kind;
+  bool b = false;
+  std::int64_t i = 0;
+  std::uint64_t u = 0;
+  double d = 0;
+  float f = 0;
+};
+
+template <JsonScalar T>
+ScalarValue makeScalar(const T& v) {
+  ScalarValue s{};
+  if constexpr (std::is_enum_v<T>) {
+    return makeScalar(static_cast<std::underlying_type_t<T>>(v));
+  } else if constexpr (std::is_same_v<T, bool>) {
+    s.kind = ScalarValue::Bool;
+    s.b = v;
+  } else if constexpr (std::is_same_v<T, float>) {
+    s.kind = ScalarValue::Float;
+    s.f = v;
+  } else if constexpr (std::is_floating_point_v<T>) {
+    s.kind = ScalarValue::Double;
+    s.d = static_cast<double>(v);
+  } else if constexpr (std::is_signed_v<T>) {
+    s.kind = ScalarValue::Signed;
+    s.i = v;
+  } else {
+    s.kind = ScalarValue::Unsigned;
+    s.u = v;
+  }
+  return s;
+}
+}  // namespace detail
+
+// A JSON object: a value type with typed get and set of its members.
+//
+// Reading never deep-copies: a child fetched with getJsonObject or getJsonArray
+// shares the parent's storage and keeps it alive. The first write to a node
+// whose storage is shared copies that node's subtree first, so a node never
+// changes what another node sees (copy on write). Members keep their insertion
+// order, and a member that is set again keeps its place.
+//
+// Numbers: integer targets take JSON integers (or integral numbers) within their
+// range, anything else is errc::outOfRange; float and double take any number;
+// bool takes only true and false. Numbers are written in their shortest exact
+// decimal form ("0.02", "2000"), a float as the shortest decimal of the float.
+// NaN and infinities, which JSON cannot hold, are written as the strings "NaN",
+// "Infinity" and "-Infinity" and read back by float and double targets.
+class UTILS_API JsonObject {
+ public:
+  explicit JsonObject(JsonLoad);
+  explicit JsonObject(JsonSave);
+  JsonObject(JsonObject&& other) noexcept;
+  JsonObject& operator=(JsonObject&& other) noexcept;
+  JsonObject(const JsonObject&) = delete;
+  JsonObject& operator=(const JsonObject&) = delete;
+  virtual ~JsonObject();
+
+  // A deep copy that shares nothing with this node.
+  JsonObject clone() const;
+  void swap(JsonObject& other) noexcept;
+
+  // Typed members. get leaves `out` untouched on error: errc::keyMissing,
+  // errc::wrongType or errc::outOfRange.
+  template <JsonScalar T>
+  SdkError get(const char* key, T& out) const {
+    return detail::readScalar(find(key), errc::keyMissing, out);
+  }
+  SdkError get(const char* key, std::string& out) const;
+
+  template <JsonScalar T>
+  SdkError set(const char* key, const T& in) {
+    return setScalar(key, detail::makeScalar(in));
+  }
+  SdkError set(const char* key, std::string_view in);
+  SdkError set(const char* key, const std::string& in) { return set(key, std::string_view(in)); }
+  SdkError set(const char* key, const char* in) { return set(key, std::string_view(in ? in : "")); }
+
+  // The stored value, or `fallback` when the key is missing or unreadable as T.
+  template <JsonScalar T>
+  T load(const char* key, T fallback) const {
+    T value = fallback;
+    return get(key, value) == 0 ? value : fallback;
+  }
+
+  // Nested objects and arrays. get makes `out` a view of the child (see above);
+  // set moves `child` in, replacing a member of the same name.
+  SdkError getJsonObject(const char* key, JsonObject& out) const;
+  SdkError getJsonArray(const char* key, JsonArray& out) const;
+  SdkError setJsonObject(const char* key, JsonObject&& child);
+  SdkError setJsonArray(const char* key, JsonArray&& child);
+
+  std::vector<std::string> keys() const;
+  std::size_t size() const;
+  bool empty() const { return size() == 0; }
+  bool contains(const char* key) const { return find(key) != nullptr; }
+  // Removes a member; false when there was none.
+  bool erase(const char* key);
+
+  // The JSON text of the object: compact, or with members on their own lines
+  // indented by `indent` spaces a level.
+  std::string stringfy() const { return stringfy(0); }
+  std::string stringfy(int indent) const;
+  // Replaces the content by the parsed text, which must be one JSON object.
+  // errc::parseError for text that is not JSON, errc::wrongType for JSON that is
+  // not an object; the content is unchanged then.
+  SdkError parser(const char* text, std::size_t length);
+
+ protected:
+  // setJsonObject for bookkeeping members that a const operation maintains (a
+  // document stores its information block while it is written).
+  SdkError setJsonObjectOfConst(const char* key, JsonObject&& child) const;
+
+ private:
+  friend class JsonArray;
+  const void* find(const char* key) const;  // boost::json::value*, or null
+  SdkError setScalar(const char* key, const detail::ScalarValue& value);
+
+  // A boost::json::object, possibly inside a larger tree that it keeps alive.
+  // Mutable only for setJsonObjectOfConst.
+  mutable std::shared_ptr<void> node_;
+};
+
+// A JSON array: the same storage and number rules as JsonObject.
+class UTILS_API JsonArray {
+ public:
+  explicit JsonArray(JsonLoad);
+  explicit JsonArray(JsonSave);
+  JsonArray(JsonArray&& other) noexcept;
+  JsonArray& operator=(JsonArray&& other) noexcept;
+  JsonArray(const JsonArray&) = delete;
+  JsonArray& operator=(const JsonArray&) = delete;
+  virtual ~JsonArray();
+
+  JsonArray clone() const;
+  void swap(JsonArray& other) noexcept;
+
+  std::size_t size() const;
+  bool empty() const { return size() == 0; }
+  void reserve(std::size_t count);
+
+  // errc::indexOutOfRange past the end, else as JsonObject::get.
+  template <JsonScalar T>
+  SdkError get(std::size_t index, T& out) const {
+    return detail::readScalar(at(index), errc::indexOutOfRange, out);
+  }
+  SdkError get(std::size_t index, std::string& out) const;
+
+  template <JsonScalar T>
+  SdkError add(const T& in) {
+    return addScalar(detail::makeScalar(in));
+  }
+  SdkError add(std::string_view in);
+  SdkError add(const std::string& in) { return add(std::string_view(in)); }
+  SdkError add(const char* in) { return add(std::string_view(in ? in : "")); }
+
+  SdkError getJsonObject(std::size_t index, JsonObject& out) const;
+  SdkError getJsonArray(std::size_t index, JsonArray& out) const;
+  SdkError addJsonObject(JsonObject&& child);
+  SdkError addJsonArray(JsonArray&& child);
+
+  std::string stringfy() const { return stringfy(0); }
+  std::string stringfy(int indent) const;
+  // Replaces the content by the parsed text, which must be one JSON array.
+  SdkError parser(const char* text, std::size_t length);
+
+ private:
+  friend class JsonObject;
+  const void* at(std::size_t index) const;  // boost::json::value*, or null
+  SdkError addScalar(const detail::ScalarValue& value);
+
+  // A boost::json::array, possibly inside a larger tree that it keeps alive.
+  std::shared_ptr<void> node_;
+};
+
+}  // namespace utils
