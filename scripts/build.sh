@@ -2,6 +2,8 @@
 # build.sh <preset> [targets...]: configures (once) and builds one CMake preset in build/<preset>.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+# Lets checkouts in different folders share ccache hits.
+export CCACHE_BASEDIR="$PWD"
 preset=$1
 shift
 if [ ! -f "build/$preset/CMakeCache.txt" ]; then
