@@ -321,7 +321,7 @@ std::size_t JsonObject::size() const { return node_ ? as<const bj::object>(node_
 
 bool JsonObject::erase(const char* key) {
   if (!contains(key)) return false;
-  return exclusive<bj::object>(node_).erase(key) != 0;
+  return exclusive<bj::object>(node_).stable_erase(key) != 0;
 }
 
 std::string JsonObject::stringfy(int indent) const {

@@ -1,6 +1,7 @@
 #include "jsonText.h"
 
 #include <boost/json.hpp>
+#include <boost/json/basic_parser_impl.hpp>
 
 #include <charconv>
 #include <cstring>
@@ -10,15 +11,108 @@ namespace utils {
 
 namespace bj = boost::json;
 
+namespace {
+
+// Builds the value tree like Boost.JSON's own parser, except that decimal
+// numbers are converted from their text with std::from_chars, which is exact:
+// every double written by the writer below reads back to the same bits.
+struct ExactNumberHandler {
+  static constexpr std::size_t max_object_size = bj::object::max_size();
+  static constexpr std::size_t max_array_size = bj::array::max_size();
+  static constexpr std::size_t max_key_size = bj::string::max_size();
+  static constexpr std::size_t max_string_size = bj::string::max_size();
+
+  bj::value_stack st;
+  std::string numberText;  // the leading parts of a number split across buffers
+
+  bool on_document_begin(bj::error_code&) { return true; }
+  bool on_document_end(bj::error_code&) { return true; }
+  bool on_object_begin(bj::error_code&) { return true; }
+  bool on_object_end(std::size_t n, bj::error_code&) {
+    st.push_object(n);
+    return true;
+  }
+  bool on_array_begin(bj::error_code&) { return true; }
+  bool on_array_end(std::size_t n, bj::error_code&) {
+    st.push_array(n);
+    return true;
+  }
+  bool on_key_part(bj::string_view s, std::size_t, bj::error_code&) {
+    st.push_chars(s);
+    return true;
+  }
+  bool on_key(bj::string_view s, std::size_t, bj::error_code&) {
+    st.push_key(s);
+    return true;
+  }
+  bool on_string_part(bj::string_view s, std::size_t, bj::error_code&) {
+    st.push_chars(s);
+    return true;
+  }
+  bool on_string(bj::string_view s, std::size_t, bj::error_code&) {
+    st.push_string(s);
+    return true;
+  }
+  bool on_number_part(bj::string_view s, bj::error_code&) {
+    numberText.append(s.data(), s.size());
+    return true;
+  }
+  bool on_int64(std::int64_t i, bj::string_view, bj::error_code&) {
+    numberText.clear();
+    st.push_int64(i);
+    return true;
+  }
+  bool on_uint64(std::uint64_t u, bj::string_view, bj::error_code&) {
+    numberText.clear();
+    st.push_uint64(u);
+    return true;
+  }
+  bool on_double(double d, bj::string_view s, bj::error_code&) {
+    const char* first = s.data();
+    const char* last = first + s.size();
+    if (!numberText.empty()) {
+      numberText.append(s.data(), s.size());
+      first = numberText.data();
+      last = first + numberText.size();
+    }
+    double exact = 0;
+    auto res = std::from_chars(first, last, exact);
+    // Out of the double range, keep the parser's own result (an infinity or 0).
+    st.push_double(res.ec == std::errc() && res.ptr == last ? exact : d);
+    numberText.clear();
+    return true;
+  }
+  bool on_bool(bool b, bj::error_code&) {
+    st.push_bool(b);
+    return true;
+  }
+  bool on_null(bj::error_code&) {
+    st.push_null();
+    return true;
+  }
+  bool on_comment_part(bj::string_view, bj::error_code&) { return true; }
+  bool on_comment(bj::string_view, bj::error_code&) { return true; }
+};
+
+}  // namespace
+
 bj::value parseJson(std::string_view text, std::error_code& ec) {
   bj::parse_options options;
   options.allow_invalid_utf8 = true;
   options.max_depth = 256;
   try {
-    boost::system::error_code bec;
-    bj::value v = bj::parse(bj::string_view(text.data(), text.size()), bec, {}, options);
-    ec = bec ? std::make_error_code(std::errc::invalid_argument) : std::error_code();
-    return v;
+    bj::basic_parser<ExactNumberHandler> parser(options);
+    parser.reset();
+    parser.handler().st.reset();
+    bj::error_code bec;
+    const std::size_t used = parser.write_some(false, text.data(), text.size(), bec);
+    if (!bec && used < text.size()) bec = bj::error::extra_data;
+    if (bec || !parser.done()) {
+      ec = std::make_error_code(std::errc::invalid_argument);
+      return nullptr;
+    }
+    ec.clear();
+    return parser.handler().st.release();
   } catch (const std::bad_alloc&) {
     throw;
   } catch (const std::exception&) {
