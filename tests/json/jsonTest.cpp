@@ -271,7 +271,7 @@ TEST(Json, StringsRoundTripEscapesAndForeignBytes) {
   o.set("s", tricky);
   o.set(tricky.c_str(), 1);
   const std::string text = o.stringfy();
-  EXPECT_NE(text.find("\\\"") , std::string::npos);
+  EXPECT_NE(text.find("\\\""), std::string::npos);
   EXPECT_NE(text.find("\\u0001"), std::string::npos);
   JsonObject back = parsed(text);
   std::string s;
@@ -283,7 +283,8 @@ TEST(Json, StringsRoundTripEscapesAndForeignBytes) {
 TEST(Json, PrettyTextParsesToTheSameTree) {
   JsonObject o = parsed(R"({"a":[1,{"b":2}],"c":{},"d":[]})");
   const std::string pretty = o.stringfy(2);
-  EXPECT_EQ(pretty, "{\n  \"a\": [\n    1,\n    {\n      \"b\": 2\n    }\n  ],\n"
-                    "  \"c\": {},\n  \"d\": []\n}");
+  EXPECT_EQ(pretty,
+            "{\n  \"a\": [\n    1,\n    {\n      \"b\": 2\n    }\n  ],\n"
+            "  \"c\": {},\n  \"d\": []\n}");
   EXPECT_EQ(parsed(pretty).stringfy(), o.stringfy());
 }

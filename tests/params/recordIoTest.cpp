@@ -53,8 +53,12 @@ SdkError keys(auto&& io, RecordOf<Sample> auto& r) {
   return io.result();
 }
 
-SdkError Sample::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError Sample::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError Sample::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError Sample::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 // A record whose save always fails.
 struct Unsavable {

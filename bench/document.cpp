@@ -1,0 +1,192 @@
+// Document file throughput. For a document of about 1 MB of JSON text, each
+// encoding's writeToFile and readFromFile are measured beside what they are
+// built from, on the same bytes: Boost.JSON's own serialise and parse, and the
+// bare codec. All rates are megabytes of JSON text per second.
+//
+//   build/release/bench/bench_document --benchmark_min_time=1
+#include <benchmark/benchmark.h>
+
+#include <boost/json.hpp>
+
+#include <filesystem>
+#include <string>
+
+#include <unistd.h>
+
+#include <utils/algorithm/aes.h>
+#include <utils/algorithm/base64.h>
+#include <utils/algorithm/lzma.h>
+#include <utils/algorithm/xor.h>
+
+#include <param/params/penArray.h>
+#include <param/seri/seriDocument.h>
+
+namespace {
+
+namespace alg = utils::algorithm;
+namespace fs = std::filesystem;
+
+// About 1 MB: a table of 1400 pens with varied values.
+const param::SeriDocument& document() {
+  static const param::SeriDocument doc = [] {
+    param::PenArray pens(1400);
+    for (std::size_t i = 0; i < pens.size(); ++i) {
+      pens[i].laserPower = static_cast<int>(i % 100);
+      pens[i].runSpeed = 100.0f + static_cast<float>(i) * 0.37f;
+      pens[i].laserFreq = 20.0f + static_cast<float>(i % 80) * 0.1f;
+      pens[i].stepMark.stepLen = 0.001f * static_cast<float>(i % 50);
+    }
+    param::SeriDocument d(utils::JsonSave::instance, ".cfg");
+    param::SeriObject table(utils::JsonSave::instance);
+    pens.save(table);
+    d.setSeriObject("pens", std::move(table));
+    const fs::path probe = fs::temp_directory_path() / "param-bench-probe.cfg";
+    d.writeToFile(probe, param::SeriOption());  // stores the information block
+    fs::remove(probe);
+    return d;
+  }();
+  return doc;
+}
+
+const std::string& text() {
+  static const std::string t = document().stringfy();
+  return t;
+}
+
+const std::uint8_t kKey[16] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+
+// The options measured: one per encoding, AES in its authenticated default.
+param::SeriOption option(int encoding) {
+  return param::SeriOption(static_cast<param::SeriOption::Encoding>(encoding), 0, 0);
+}
+
+const char* name(int encoding) {
+  static const char* names[] = {"base64", "xor", "lzma", "aes-gcm"};
+  return names[encoding];
+}
+
+void encodeBare(int encoding, const std::string& in, std::string& out) {
+  switch (encoding) {
+    case 0:
+      alg::base64::encode(in.data(), in.size(), out);
+      break;
+    case 1:
+      alg::XOR::encode(in.data(), in.size(), kKey, 16, out);
+      break;
+    case 2:
+      alg::lzma::compress(in.data(), in.size(), out);
+      break;
+    default:
+      alg::aes::encrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
+  }
+}
+
+void decodeBare(int encoding, const std::string& in, std::string& out) {
+  switch (encoding) {
+    case 0:
+      alg::base64::decode(in.data(), in.size(), out);
+      break;
+    case 1:
+      alg::XOR::decode(in.data(), in.size(), kKey, 16, out);
+      break;
+    case 2:
+      alg::lzma::decompress(in.data(), in.size(), out);
+      break;
+    default:
+      alg::aes::decrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
+  }
+}
+
+fs::path benchFile() {
+  return fs::temp_directory_path() / ("param-bench-" + std::to_string(::getpid()) + ".cfg");
+}
+
+void setRate(benchmark::State& state) {
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text().size()));
+}
+
+void BM_BareSerialize(benchmark::State& state) {
+  const boost::json::value tree = boost::json::parse(text());
+  for (auto _ : state)
+    benchmark::DoNotOptimize(boost::json::serialize(tree));
+  setRate(state);
+}
+BENCHMARK(BM_BareSerialize)->Unit(benchmark::kMillisecond);
+
+void BM_BareParse(benchmark::State& state) {
+  for (auto _ : state)
+    benchmark::DoNotOptimize(boost::json::parse(text()));
+  setRate(state);
+}
+BENCHMARK(BM_BareParse)->Unit(benchmark::kMillisecond);
+
+void BM_LibraryStringfy(benchmark::State& state) {
+  for (auto _ : state)
+    benchmark::DoNotOptimize(document().stringfy());
+  setRate(state);
+}
+BENCHMARK(BM_LibraryStringfy)->Unit(benchmark::kMillisecond);
+
+void BM_LibraryParse(benchmark::State& state) {
+  for (auto _ : state) {
+    param::SeriDocument doc(utils::JsonLoad::instance);
+    benchmark::DoNotOptimize(doc.parser(text().data(), text().size()));
+  }
+  setRate(state);
+}
+BENCHMARK(BM_LibraryParse)->Unit(benchmark::kMillisecond);
+
+void BM_BareEncode(benchmark::State& state) {
+  const int encoding = static_cast<int>(state.range(0));
+  state.SetLabel(name(encoding));
+  std::string out;
+  for (auto _ : state) {
+    encodeBare(encoding, text(), out);
+    benchmark::DoNotOptimize(out);
+  }
+  setRate(state);
+}
+BENCHMARK(BM_BareEncode)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
+void BM_BareDecode(benchmark::State& state) {
+  const int encoding = static_cast<int>(state.range(0));
+  state.SetLabel(name(encoding));
+  std::string encoded, out;
+  encodeBare(encoding, text(), encoded);
+  for (auto _ : state) {
+    decodeBare(encoding, encoded, out);
+    benchmark::DoNotOptimize(out);
+  }
+  setRate(state);
+}
+BENCHMARK(BM_BareDecode)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
+void BM_WriteToFile(benchmark::State& state) {
+  const int encoding = static_cast<int>(state.range(0));
+  state.SetLabel(name(encoding));
+  const fs::path file = benchFile();
+  for (auto _ : state) {
+    if (document().writeToFile(file, option(encoding)) != 0) state.SkipWithError("write failed");
+  }
+  fs::remove(file);
+  setRate(state);
+}
+BENCHMARK(BM_WriteToFile)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
+void BM_ReadFromFile(benchmark::State& state) {
+  const int encoding = static_cast<int>(state.range(0));
+  state.SetLabel(name(encoding));
+  const fs::path file = benchFile();
+  document().writeToFile(file, option(encoding));
+  for (auto _ : state) {
+    param::SeriDocument doc(utils::JsonLoad::instance);
+    if (doc.readFromFile(file) != 0) state.SkipWithError("read failed");
+  }
+  fs::remove(file);
+  setRate(state);
+}
+BENCHMARK(BM_ReadFromFile)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

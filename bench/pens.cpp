@@ -1,0 +1,81 @@
+// Pen table throughput: saving 1000 pens into a document, loading them from an
+// already parsed document, and, for comparison in the same run, parsing and
+// writing the JSON text that holds them.
+#include <benchmark/benchmark.h>
+
+#include <param/params/penArray.h>
+#include <param/seri/seriDocument.h>
+
+namespace {
+
+constexpr int kPens = 1000;
+
+param::PenArray samplePens() {
+  param::PenArray pens(kPens);
+  for (int i = 0; i < kPens; ++i) {
+    auto& pen = pens[static_cast<std::size_t>(i)];
+    pen.laserPower = i % 100;
+    pen.runSpeed = 100.0f + static_cast<float>(i) * 0.5f;
+    pen.laserFreq = 20.0f + static_cast<float>(i % 80);
+    pen.wobble.bEnable = i % 2 == 0;
+  }
+  return pens;
+}
+
+param::SeriDocument savedDocument(const param::PenArray& pens) {
+  param::SeriDocument doc(utils::JsonSave::instance, ".cfg");
+  param::SeriObject table(utils::JsonSave::instance);
+  pens.save(table);
+  doc.setSeriObject("pens", std::move(table));
+  return doc;
+}
+
+void BM_PenArraySave(benchmark::State& state) {
+  const param::PenArray pens = samplePens();
+  for (auto _ : state) {
+    param::SeriDocument doc = savedDocument(pens);
+    benchmark::DoNotOptimize(doc);
+  }
+  state.SetItemsProcessed(state.iterations() * kPens);
+}
+BENCHMARK(BM_PenArraySave)->Unit(benchmark::kMicrosecond);
+
+void BM_PenArrayLoad(benchmark::State& state) {
+  const std::string text = savedDocument(samplePens()).stringfy();
+  param::SeriDocument doc(utils::JsonLoad::instance);
+  doc.parser(text.data(), text.size());
+  param::PenArray pens(kPens);
+  for (auto _ : state) {
+    param::SeriObject table(utils::JsonLoad::instance);
+    doc.getSeriObject("pens", table);
+    benchmark::DoNotOptimize(pens.load(table));
+  }
+  state.SetItemsProcessed(state.iterations() * kPens);
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(BM_PenArrayLoad)->Unit(benchmark::kMicrosecond);
+
+void BM_PenTextParse(benchmark::State& state) {
+  const std::string text = savedDocument(samplePens()).stringfy();
+  for (auto _ : state) {
+    param::SeriDocument doc(utils::JsonLoad::instance);
+    benchmark::DoNotOptimize(doc.parser(text.data(), text.size()));
+  }
+  state.SetItemsProcessed(state.iterations() * kPens);
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(BM_PenTextParse)->Unit(benchmark::kMicrosecond);
+
+void BM_PenTextWrite(benchmark::State& state) {
+  const param::SeriDocument doc = savedDocument(samplePens());
+  for (auto _ : state) {
+    std::string text = doc.stringfy();
+    benchmark::DoNotOptimize(text);
+  }
+  state.SetItemsProcessed(state.iterations() * kPens);
+}
+BENCHMARK(BM_PenTextWrite)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
