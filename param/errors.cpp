@@ -43,6 +43,8 @@ const char* errorText(SdkError code) {
       return "information block holds no valid version";
     case errc::outOfMemory:
       return "out of memory";
+    case errc::notLoaded:
+      return "library not initialised: call param::load first";
     case errc::badArcParamType:
       return "unknown arc parameter type";
     case errc::mapFailed:

@@ -14,6 +14,7 @@ namespace errc {
 inline constexpr SdkError unknownEncodingOnWrite = 0x210001;  // writeToFile: encoding above 3
 inline constexpr SdkError badVersion = 0x210004;       // information block "ver" is no version
 inline constexpr SdkError outOfMemory = 0x220001;      // a manager could not be created
+inline constexpr SdkError notLoaded = 0x220002;        // a manager used before param::load
 inline constexpr SdkError badArcParamType = 0x230002;  // arc "paramType" other than 1 or 2
 inline constexpr SdkError mapFailed = 0x230004;        // a file could not be mapped
 // An unknown encoding in a file header, a bad Bezier degree or point count, an
