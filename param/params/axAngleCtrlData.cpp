@@ -1,0 +1,29 @@
+#include <param/params/axAngleCtrlData.h>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+SdkError keys(auto&& io, RecordOf<AxAngleCtrlData> auto& r) {
+  io("axisId", r.axisId);
+  io("mainDir", r.mainDir);
+  io("rotType", r.rotType);
+  io("circleCount", r.circleCount);
+  io("angleGap", r.angleGap);
+  io("bToZero", r.bToZero);
+  return io.result();
+}
+}  // namespace
+
+AxAngleCtrlData::~AxAngleCtrlData() = default;
+AxAngleCtrlData* AxAngleCtrlData::clone() const {
+  return new AxAngleCtrlData(*this);
+}
+SdkError AxAngleCtrlData::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError AxAngleCtrlData::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+
+}  // namespace param

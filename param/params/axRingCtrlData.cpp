@@ -1,0 +1,29 @@
+#include <param/params/axRingCtrlData.h>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+SdkError keys(auto&& io, RecordOf<AxRingCtrlData> auto& r) {
+  io("axisId", r.axisId);
+  io("mainDir", r.mainDir);
+  io("diameter", r.diameter);
+  io("bPathHeadOn", r.bPathHeadOn);
+  io("bToZero", r.bToZero);
+  io("bRedMarkToZero", r.bRedMarkToZero);
+  return io.result();
+}
+}  // namespace
+
+AxRingCtrlData::~AxRingCtrlData() = default;
+AxRingCtrlData* AxRingCtrlData::clone() const {
+  return new AxRingCtrlData(*this);
+}
+SdkError AxRingCtrlData::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError AxRingCtrlData::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+
+}  // namespace param
