@@ -1,0 +1,57 @@
+#include <param/params/dataRecordParam.h>
+
+#include <param/mgr/defaultParamMgr.h>
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+
+// "resetTime": written as ISO text; read and parsed, but the parsed time is
+// not kept.
+template <class Time>
+struct ResetTimeField {
+  Time& time;
+
+  SdkError read(const KeySource& src) {
+    std::string text;
+    if (SdkError e = src.get(text)) return e;
+    if (!text.empty()) {
+      utils::TimeDate parsed;
+      parsed.fromISOString(text);
+    }
+    return 0;
+  }
+  SdkError write(KeySink& dst) const { return dst.put(time.toISOString()); }
+};
+template <class Time>
+ResetTimeField(Time&) -> ResetTimeField<Time>;
+
+SdkError keys(auto&& io, RecordOf<DataRecordParam> auto& r) {
+  io("writeToFile", r.writeToFile);
+  io("enableDupCheck", r.enableDupCheck);
+  io("writeTimeToFile", r.writeTimeToFile);
+  io("writeAfterMark", r.writeAfterMark);
+  io("overwrite", r.overwrite);
+  io("timedReset", r.timedReset);
+  io("resetTime", ResetTimeField{r.resetTime});
+  io("filePath", r.filePath);
+  return io.result();
+}
+}  // namespace
+
+DataRecordParam::DataRecordParam() {
+  resetTime.setTime(8, 0, 0);
+  DefaultParamMgr::loadDefault("struct DataRecordParam", *this);
+}
+
+SdkError DataRecordParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
+SdkError DataRecordParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+
+bool DataRecordParam::isSameEffect(const DataRecordParam& o) const {
+  return writeToFile == o.writeToFile && enableDupCheck == o.enableDupCheck &&
+         writeTimeToFile == o.writeTimeToFile && writeAfterMark == o.writeAfterMark &&
+         overwrite == o.overwrite && timedReset == o.timedReset && resetTime == o.resetTime &&
+         filePath == o.filePath;
+}
+
+}  // namespace param

@@ -1,0 +1,80 @@
+#include <param/params/fillParam.h>
+
+#include <algorithm>
+#include <limits>
+#include <type_traits>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+
+// "layer": loaded like any fixed array; saved up to the first layer that fails,
+// whose error is dropped.
+template <class Layers>
+struct LayerArray {
+  Layers& layers;
+
+  SdkError read(const KeySource& src) { return FixedArrayIo<FillLayerParam, 3>::read(src, layers); }
+  SdkError write(KeySink& dst) const {
+    SeriArray arr(utils::JsonSave::instance);
+    arr.reserve(3);
+    for (const FillLayerParam& layer : layers) {
+      SeriObject child(utils::JsonSave::instance);
+      if (layer.save(child) != 0) break;
+      arr.addSeriObject(std::move(child));
+    }
+    return dst.putArray(std::move(arr));
+  }
+};
+template <class Layers>
+LayerArray(Layers&) -> LayerArray<Layers>;
+
+SdkError keys(auto&& io, RecordOf<FillParam> auto& r) {
+  io("layer", LayerArray{r.layers});
+  io("enableEdge", r.enableEdge);
+  io("edgeFirst", r.edgeFirst);
+  io("simplify", r.simplify);
+  return io.result();
+}
+}  // namespace
+
+SdkError FillParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
+SdkError FillParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+
+bool FillParam::isFillEnabled() const { return enabledFillLayerCount() != 0; }
+
+bool FillParam::disableFill() {
+  const bool any = isFillEnabled();
+  for (FillLayerParam& layer : layers) layer.enabled = false;
+  return any;
+}
+
+std::size_t FillParam::enabledFillLayerCount() const {
+  return static_cast<std::size_t>(
+      std::count_if(std::begin(layers), std::end(layers), [](const auto& l) { return l.enabled; }));
+}
+
+bool FillParam::fillAffectOnShapeRange(double& range) const {
+  range = std::numeric_limits<double>::lowest();
+  for (const FillLayerParam& layer : layers) {
+    double reach = 0;
+    layer.fillAffectOnShapeRange(reach);
+    range = std::max(range, reach);
+  }
+  return true;
+}
+
+bool FillParam::isSameEffect(const FillParam& o) const {
+  if (isFillEnabled() != o.isFillEnabled()) return false;
+  if (!isFillEnabled()) return true;
+  if (enableEdge != o.enableEdge || edgeFirst != o.edgeFirst || simplify != o.simplify) {
+    return false;
+  }
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (!layers[i].isSameEffect(o.layers[i])) return false;
+  }
+  return true;
+}
+
+}  // namespace param
