@@ -1,0 +1,16 @@
+#include <param/params/extAxisParArray.h>
+
+namespace param {
+
+ExtAxisParArray::ExtAxisParArray(int count) {
+  if (count < 1) return;
+  resize(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i)
+    (*this)[static_cast<std::size_t>(i)].setting.axisId = i;
+}
+
+ExtAxisParArray::ExtAxisParArray(const ExtAxisPar& axis) {
+  push_back(axis);
+}
+
+}  // namespace param

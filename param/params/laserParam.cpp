@@ -1,0 +1,163 @@
+#include <param/params/laserParam.h>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+
+SdkError keys(auto&& io, RecordOf<LaserParamCO2> auto& r) {
+  io("pwmEnable", r.pwmEnable);
+  io("preionEnable", r.preionEnable);
+  io("preionPw", r.preionPw);
+  io("preionFreq", r.preionFreq);
+  io("fpsEnable", r.fpsEnable);
+  io("fpsStartPower", r.fpsStartPower);
+  io("fpsPowerStep", r.fpsPowerStep);
+  io("powerMap", r.powerMap);
+  io("daEnable", r.daEnable);
+  io("daPowerMap", r.daPowerMap);
+  io("leakType", r.leakType);
+  io("moOnTime", r.moOnTime);
+  io("moOffTime", r.moOffTime);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserParamYAG> auto& r) {
+  io("pwmEnable", r.pwmEnable);
+  io("pwmPulseInverse", r.pwmPulseInverse);
+  io("fpsEnable", r.fpsEnable);
+  io("fpsEndOpenPwm", r.fpsEndOpenPwm);
+  io("fpsTime", r.fpsTime);
+  io("daEnable", r.daEnable);
+  io("daCurrentMap", r.daCurrentMap);
+  io("leakType", r.leakType);
+  io("moOnTime", r.moOnTime);
+  io("moOffTime", r.moOffTime);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserParamUV> auto& r) {
+  io("pwmEnable", r.pwmEnable);
+  io("pwmPulseInverse", r.pwmPulseInverse);
+  io("powerEnable", r.powerEnable);
+  io("fpsEnable", r.fpsEnable);
+  io("fpsEndOpenPwm", r.fpsEndOpenPwm);
+  io("fpsTime", r.fpsTime);
+  io("daEnable", r.daEnable);
+  io("daCurrentMap", r.daCurrentMap);
+  io("leakType", r.leakType);
+  io("moOnTime", r.moOnTime);
+  io("moOffTime", r.moOffTime);
+  return io.result();
+}
+
+// The fiber and MOPA sources share one key list.
+template <class R>
+concept FiberLike = RecordOf<R, LaserParamFiber> || RecordOf<R, LaserParamMopa>;
+
+SdkError keys(auto&& io, FiberLike auto& r) {
+  io("powerMap", r.powerMap);
+  io("leakType", r.leakType);
+  io("moOnTime", r.moOnTime);
+  io("moOffTime", r.moOffTime);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserParamQCW> auto& r) {
+  io("pwmEnable", r.pwmEnable);
+  io("daEnable", r.daEnable);
+  io("daPowerMap", r.daPowerMap);
+  io("daDelay", r.daDelay);
+  io("daLeakType", r.daLeakType);
+  io("pwm2Enable", r.pwm2Enable);
+  io("da2Enable", r.da2Enable);
+  io("da2PowerMap", r.da2PowerMap);
+  io("leakType", r.leakType);
+  io("moOnTime", r.moOnTime);
+  io("moOffTime", r.moOffTime);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserParamWeldYAG> auto& r) {
+  io("laserEnable", r.laserEnable);
+  io("vWaveSelGpo", r.vWaveSelGpo);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserCheckParam> auto& r) {
+  io("bEnable", r.bEnable);
+  io("pinState", r.pinState);
+  return io.result();
+}
+
+SdkError keys(auto&& io, RecordOf<LaserParam> auto& r) {
+  io("laserType", r.laserType);
+  io("checkPar", r.checkPar);
+  io("co2Par", r.co2Par);
+  io("yagPar", r.yagPar);
+  io("uvPar", r.uvPar);
+  io("fiberPar", r.fiberPar);
+  io("mopaPar", r.mopaPar);
+  io("qcwPar", r.qcwPar);
+  io("weldYagPar", r.weldYagPar);
+  return io.result();
+}
+
+}  // namespace
+
+SdkError LaserParamCO2::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamCO2::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamYAG::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamYAG::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamUV::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamUV::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamFiber::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamFiber::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamMopa::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamMopa::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamQCW::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamQCW::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParamWeldYAG::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParamWeldYAG::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserCheckParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserCheckParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+SdkError LaserParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LaserParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+
+}  // namespace param

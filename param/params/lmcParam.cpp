@@ -1,0 +1,62 @@
+#include <param/params/lmcParam.h>
+
+#include <utility>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+
+// A ParamArray stored as the bare JSON array of its elements instead of its own
+// {"params": [...]} form. The array is moved into and out of that form, so the
+// array's own in-place loading and saving rules apply unchanged.
+template <class A>
+struct BareArrayField {
+  A& array;
+
+  SdkError read(const KeySource& src) const {
+    SeriArray items(utils::JsonLoad::instance);
+    if (SdkError e = src.getArray(items)) return e;
+    // The items still share the document's storage, so this stores a copy of
+    // the (small) axis array.
+    SeriObject wrapped(utils::JsonLoad::instance);
+    if (SdkError e = wrapped.setSeriArray("params", std::move(items))) return e;
+    return array.load(wrapped);
+  }
+
+  SdkError write(KeySink& dst) const {
+    SeriArray items(utils::JsonSave::instance);
+    {
+      SeriObject wrapped(utils::JsonSave::instance);
+      if (SdkError e = array.save(wrapped)) return e;
+      if (SdkError e = wrapped.getSeriArray("params", items)) return e;
+    }
+    // The wrapper is gone and the items own their storage alone: stored without a copy.
+    return dst.putArray(std::move(items));
+  }
+};
+
+template <class A>
+BareArrayField(A&) -> BareArrayField<A>;
+
+SdkError keys(auto&& io, RecordOf<LmcParam> auto& r) {
+  io("laserParam", r.laserParam);
+  io("galvoParam", r.galvoParam);
+  io("markParam", r.markParam);
+  io("redParam", r.redParam);
+  io("ioParam", r.ioParam);
+  io("axParArray", BareArrayField{r.axParArray});
+  io("flyParam", r.flyParam);
+  return io.result();
+}
+
+}  // namespace
+
+SdkError LmcParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError LmcParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+
+}  // namespace param

@@ -1,0 +1,26 @@
+#include <param/params/markParam.h>
+
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+SdkError keys(auto&& io, RecordOf<MarkParam> auto& r) {
+  io("markLineMaxLen", r.markLineMaxLen);
+  io("afterMarkPosMode", r.afterMarkPosMode);
+  io("afterMarkPos", r.afterMarkPos);
+  io("jumpNoCloseLaserDist", r.jumpNoCloseLaserDist);
+  io("heartTime", r.heartTime);
+  io("watchDogEnable", r.watchDogEnable);
+  io("watchDogTimes", r.watchDogTimes);
+  return io.result();
+}
+}  // namespace
+
+SdkError MarkParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError MarkParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
+
+}  // namespace param
