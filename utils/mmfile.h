@@ -16,8 +16,11 @@ inline constexpr unsigned sequential = 2;  // the mapping is read front to back
 inline constexpr unsigned populate = 8;    // read the pages in at once
 }  // namespace mmflags
 
-// A read-only memory mapping of (part of) a file. An empty file maps as open
-// with size 0. Movable, not copyable; unmapped on destruction.
+// A read-only memory mapping of (part of) a file. An empty file (or an empty
+// range) maps as open with size 0 and a non-null data(). A range that reaches
+// past the end of the file, a missing file, a directory or one that cannot be
+// read leaves it not open with errc::fileIoError. The offset need not be
+// page-aligned. Movable, not copyable; unmapped on destruction.
 class UTILS_API ro_mmfile {
  public:
   static constexpr std::size_t all = std::numeric_limits<std::size_t>::max();
@@ -49,7 +52,11 @@ class UTILS_API ro_mmfile {
 };
 
 // A write-only memory mapping of a new file of a fixed size. The file is created
-// (or truncated) at that size; write() fills it, flush() makes it durable.
+// (or truncated) at that size with its blocks reserved, so that a full disk is an
+// error here rather than a crash on the first write; write() fills it, flush()
+// makes it durable. Size 0 is open with nothing mapped (data() is null).
+// close() unmaps and closes without flushing and may be called again; the
+// destructor closes. Movable, not copyable.
 class UTILS_API wo_mmfile {
  public:
   wo_mmfile() = default;

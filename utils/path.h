@@ -13,8 +13,8 @@ namespace utils {
 class UTILS_API path {
  public:
   path() = default;
-  path(const char* p) : p_(p ? p : "") {}  // NOLINT: implicit by design
-  path(const std::string& p) : p_(p) {}    // NOLINT
+  path(const char* p) : p_(p ? p : "") {}              // NOLINT: implicit by design
+  path(const std::string& p) : p_(p) {}                // NOLINT
   path(std::filesystem::path p) : p_(std::move(p)) {}  // NOLINT
 
   const std::filesystem::path& native() const { return p_; }
@@ -31,7 +31,9 @@ class UTILS_API path {
   // This path with its last component replaced by `filename`: the same directory.
   path replaceFilename(const std::filesystem::path& filename) const;
 
-  // Renames `from` to `to`, replacing an existing `to`.
+  // Renames `from` to `to`, replacing an existing `to`. On POSIX systems the
+  // target's directory is then flushed to disk (best effort), so that the new
+  // name survives a crash.
   static SdkError rename(const path& from, const path& to);
 
   friend bool operator==(const path& a, const path& b) { return a.p_ == b.p_; }

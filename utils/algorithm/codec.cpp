@@ -1,8 +1,18 @@
 #include <utils/algorithm/codec.h>
 
-// Placeholder until the codecs land.
 namespace utils::algorithm {
-namespace { std::size_t g_limit = std::size_t(1) << 30; }
-std::size_t decodeLimit() { return g_limit; }
-void setDecodeLimit(std::size_t bytes) { g_limit = bytes; }
+
+namespace {
+// Process-wide, like the error handler: set once by the host, read by every decoder.
+std::size_t g_decodeLimit = std::size_t(1) << 30;
+}  // namespace
+
+std::size_t decodeLimit() {
+  return g_decodeLimit;
+}
+
+void setDecodeLimit(std::size_t bytes) {
+  g_decodeLimit = bytes;
+}
+
 }  // namespace utils::algorithm

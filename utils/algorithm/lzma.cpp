@@ -1,7 +1,107 @@
 #include <utils/algorithm/lzma.h>
 
-// Placeholder until the codecs land.
+#include <lzma.h>
+#include <algorithm>
+#include <cstdint>
+
+#include <utils/algorithm/codec.h>
+
 namespace utils::algorithm::lzma {
-SdkError compress(const void*, std::size_t, std::string&, std::uint32_t) { return errc::codecFailure; }
-SdkError decompress(const void*, std::size_t, std::string&) { return errc::codecFailure; }
+
+namespace {
+
+// What the decoder may allocate for its dictionary and state. Every xz preset
+// (9e included, 65 MiB) fits; a header asking for more is refused instead of
+// letting it take gigabytes.
+constexpr std::uint64_t kDecoderMemoryLimit = std::uint64_t(128) << 20;
+
+// Output grows in steps from this size, up to just past the decode limit.
+constexpr std::size_t kFirstChunk = std::size_t(64) << 10;
+
+// Frees the coder's memory on every path.
+struct Stream {
+  lzma_stream s = LZMA_STREAM_INIT;
+  Stream() = default;
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
+  ~Stream() { lzma_end(&s); }
+};
+
+SdkError decodeError(lzma_ret ret) {
+  switch (ret) {
+    case LZMA_MEMLIMIT_ERROR:
+      return errc::payloadTooLarge;
+    case LZMA_MEM_ERROR:
+    case LZMA_PROG_ERROR:
+      return errc::codecFailure;
+    default:  // format, options, data, buffer (truncated) errors
+      return errc::corruptLzma;
+  }
+}
+
+SdkError decompressInto(const void* bytes, std::size_t count, std::string& out) {
+  if (bytes == nullptr || count == 0) return errc::corruptLzma;
+
+  Stream stream;
+  // No LZMA_CONCATENATED: the decoder stops at the end of the first stream, and
+  // anything after it is refused below.
+  lzma_ret ret = lzma_stream_decoder(&stream.s, kDecoderMemoryLimit, 0);
+  if (ret != LZMA_OK) return decodeError(ret);
+
+  const std::size_t limit = decodeLimit();
+  // The buffer never grows past limit + 1 bytes: one byte more than the limit is
+  // enough to know that the payload is too large.
+  const std::size_t cap = limit == SIZE_MAX ? limit : limit + 1;
+  stream.s.next_in = static_cast<const std::uint8_t*>(bytes);
+  stream.s.avail_in = count;
+  std::size_t produced = 0;
+  while (true) {
+    if (produced == out.size()) {
+      if (out.size() == cap) return errc::payloadTooLarge;
+      const std::size_t grown = std::max(kFirstChunk, out.size() + out.size() / 2);
+      out.resize(std::min(grown, cap));
+    }
+    stream.s.next_out = reinterpret_cast<std::uint8_t*>(out.data()) + produced;
+    stream.s.avail_out = out.size() - produced;
+    ret = lzma_code(&stream.s, LZMA_FINISH);
+    produced = out.size() - stream.s.avail_out;
+    if (ret == LZMA_STREAM_END) break;
+    if (ret != LZMA_OK) return decodeError(ret);
+  }
+  if (produced > limit) return errc::payloadTooLarge;
+  if (stream.s.avail_in != 0) return errc::corruptLzma;  // bytes after the stream
+  out.resize(produced);
+  return errc::ok;
+}
+
+}  // namespace
+
+SdkError compress(const void* bytes, std::size_t count, std::string& out, std::uint32_t preset) {
+  static const std::uint8_t nothing = 0;
+  if (bytes == nullptr) {
+    if (count != 0) return errc::codecFailure;
+    bytes = &nothing;
+  }
+  std::string result(lzma_stream_buffer_bound(count), '\0');
+  std::size_t written = 0;
+  const lzma_ret ret = lzma_easy_buffer_encode(
+      preset, LZMA_CHECK_CRC64, nullptr, static_cast<const std::uint8_t*>(bytes), count,
+      reinterpret_cast<std::uint8_t*>(result.data()), &written, result.size());
+  if (ret != LZMA_OK) {
+    out.clear();
+    return errc::codecFailure;
+  }
+  result.resize(written);
+  out = std::move(result);
+  return errc::ok;
+}
+
+SdkError decompress(const void* bytes, std::size_t count, std::string& out) {
+  std::string result;
+  const SdkError e = decompressInto(bytes, count, result);
+  if (e != errc::ok) result = std::string();  // drops the buffer too
+  out = std::move(result);
+  return e;
+}
+
 }  // namespace utils::algorithm::lzma
