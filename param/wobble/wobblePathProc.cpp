@@ -356,6 +356,8 @@ double reduceTurns(double a) {
 }
 
 // Sample count of a rounded-down real, zero when it is negative or not a number.
+// The generators append segment after segment, so they leave the growth of the
+// output to push_back rather than reserving per segment.
 template <class P>
 std::size_t sampleCount(const std::vector<P>& out, double n) {
   n = std::floor(n);
@@ -378,7 +380,6 @@ void cycleOnSegment(const P& a, const P& b, double along, double across, double 
   const double ca = std::cos(arc);
   const double sa = std::sin(arc);
   const double advance = space / (kTwoPi * 5.0);
-  out.reserve(out.size() + n);
   for (std::size_t j = 0; j < n; ++j) {
     const double w = 0.2 * static_cast<double>(j) + phase;
     out.push_back(fromSegmentFrame(a, along * std::cos(w) + static_cast<double>(j) * advance,
@@ -397,7 +398,6 @@ double sineOnSegment(const P& a, const P& b, double amplitude, double period, do
   const double arc = std::atan2(b.y - a.y, b.x - a.x);
   const double ca = std::cos(arc);
   const double sa = std::sin(arc);
-  out.reserve(out.size() + bound);
   double last = phase;
   std::size_t j = 0;
   for (double x = first; x < end && j < bound; ++j) {
@@ -449,7 +449,6 @@ void eightOnSegment(const WobbleParam& par, const P& a, const P& b, std::vector<
     const double sa = std::sin(arc);
     const double dt = 6.0 * kDegToRad;
     const double advance = space / 60.0;
-    out.reserve(out.size() + n);
     for (std::size_t j = 0; j < n; ++j) {
       const double t = phase + static_cast<double>(j) * dt;
       const double st = std::sin(t);
