@@ -18,6 +18,7 @@
 #include <param/seri/variant.h>
 
 // Parameter records
+#include <param/params/arrayParam.h>
 #include <param/params/axAngleCtrlData.h>
 #include <param/params/axDivCtrlData.h>
 #include <param/params/axRingCtrlData.h>
@@ -25,9 +26,28 @@
 #include <param/params/axRotTextCtrlData.h>
 #include <param/params/axSupRulerCtrlData.h>
 #include <param/params/axisCommands.h>
+#include <param/params/axisRunData.h>
+#include <param/params/axisSetting.h>
+#include <param/params/circularArrayParam.h>
+#include <param/params/dataRecordParam.h>
+#include <param/params/extAxisPar.h>
+#include <param/params/extAxisParArray.h>
 #include <param/params/extParam.h>
+#include <param/params/fillLayerParam.h>
+#include <param/params/fillParam.h>
+#include <param/params/flyParam.h>
+#include <param/params/galvoBox.h>
+#include <param/params/galvoCalPar.h>
+#include <param/params/galvoEquiScale.h>
+#include <param/params/galvoParam.h>
+#include <param/params/gpiPar.h>
+#include <param/params/gpoPar.h>
+#include <param/params/ioParam.h>
+#include <param/params/laserParam.h>
+#include <param/params/lmcParam.h>
 #include <param/params/markContext.h>
 #include <param/params/markCtrlData.h>
+#include <param/params/markParam.h>
 #include <param/params/mrPara.h>
 #include <param/params/optimizeFocusParam.h>
 #include <param/params/paramArray.h>
@@ -35,6 +55,8 @@
 #include <param/params/penParam.h>
 #include <param/params/projectCtrlData.h>
 #include <param/params/pulsePointParam.h>
+#include <param/params/rectArrayParam.h>
+#include <param/params/redlightParam.h>
 #include <param/params/stepMarkParam.h>
 #include <param/params/wobbleParam.h>
 
@@ -42,6 +64,9 @@
 #include <param/mgr/colorMgr.h>
 #include <param/mgr/defaultParamMgr.h>
 #include <param/mgr/initParam.h>
+
+// Wobble paths
+#include <param/wobble/wobblePathProc.h>
 
 // Geometry
 #include <param/shape/mPointF2d.h>

@@ -8,8 +8,7 @@ namespace param {
 namespace {
 
 // A ParamArray stored as the bare JSON array of its elements instead of its own
-// {"params": [...]} form. The array is moved into and out of that form, so the
-// array's own in-place loading and saving rules apply unchanged.
+// {"params": [...]} form, with the array's own in-place loading and saving rules.
 template <class A>
 struct BareArrayField {
   A& array;
@@ -17,22 +16,13 @@ struct BareArrayField {
   SdkError read(const KeySource& src) const {
     SeriArray items(utils::JsonLoad::instance);
     if (SdkError e = src.getArray(items)) return e;
-    // The items still share the document's storage, so this stores a copy of
-    // the (small) axis array.
-    SeriObject wrapped(utils::JsonLoad::instance);
-    if (SdkError e = wrapped.setSeriArray("params", std::move(items))) return e;
-    return array.load(wrapped);
+    return errorStep(array.loadElements(items));
   }
 
   SdkError write(KeySink& dst) const {
     SeriArray items(utils::JsonSave::instance);
-    {
-      SeriObject wrapped(utils::JsonSave::instance);
-      if (SdkError e = array.save(wrapped)) return e;
-      if (SdkError e = wrapped.getSeriArray("params", items)) return e;
-    }
-    // The wrapper is gone and the items own their storage alone: stored without a copy.
-    return dst.putArray(std::move(items));
+    array.saveElements(items);
+    return errorStep(dst.putArray(std::move(items)));
   }
 };
 

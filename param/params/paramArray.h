@@ -28,6 +28,12 @@ struct ParamArray : std::vector<T> {
   virtual SdkError load(const SeriObject& obj);
   virtual SdkError save(SeriObject& obj) const;
 
+  // The element rules of load and save on a bare array of element objects, for
+  // records that store the array directly under a key of their own. They return
+  // the raw code; load and save put it through the error-response step.
+  SdkError loadElements(const SeriArray& saved);
+  void saveElements(SeriArray& out) const;
+
   // Position of the first element whose id() equals `id`, or -1.
   std::int32_t indexOf(unsigned int id) const
     requires requires(const T& t) { t.id(); }
@@ -45,39 +51,47 @@ template <class T>
 SdkError ParamArray<T>::load(const SeriObject& obj) {
   SeriArray saved(utils::JsonLoad::instance);
   SdkError e = obj.getSeriArray("params", saved);
-  if (e == 0) {
-    const std::size_t n = saved.size();
-    const std::size_t c = this->size();
-    if (n > c) {
-      if (n > this->max_size()) throw std::length_error("vector<T> too long");
-      this->reserve(n);
-    }
-    for (std::size_t i = 0; i < n && e == 0; ++i) {
-      SeriObject child(utils::JsonLoad::instance);
-      e = saved.getSeriObject(i, child);
-      if (e != 0) break;
-      if (i < c) {
-        e = (*this)[i].load(child);
-      } else {
-        T element{};
-        e = element.load(child);
-        if (e == 0) this->push_back(std::move(element));
-      }
-    }
-  }
+  if (e == 0) e = loadElements(saved);
   return errorStep(e);
 }
 
 template <class T>
 SdkError ParamArray<T>::save(SeriObject& obj) const {
   SeriArray out(utils::JsonSave::instance);
-  out.reserve(this->size());
+  saveElements(out);
+  return errorStep(obj.setSeriArray("params", std::move(out)));
+}
+
+template <class T>
+SdkError ParamArray<T>::loadElements(const SeriArray& saved) {
+  const std::size_t n = saved.size();
+  const std::size_t c = this->size();
+  if (n > c) {
+    if (n > this->max_size()) throw std::length_error("vector<T> too long");
+    this->reserve(n);
+  }
+  for (std::size_t i = 0; i < n; ++i) {
+    SeriObject child(utils::JsonLoad::instance);
+    if (SdkError e = saved.getSeriObject(i, child)) return e;
+    if (i < c) {
+      if (SdkError e = (*this)[i].load(child)) return e;
+    } else {
+      T element{};
+      if (SdkError e = element.load(child)) return e;
+      this->push_back(std::move(element));
+    }
+  }
+  return 0;
+}
+
+template <class T>
+void ParamArray<T>::saveElements(SeriArray& out) const {
+  out.reserve(out.size() + this->size());
   for (const T& element : *this) {
     SeriObject child(utils::JsonSave::instance);
     if (element.save(child) != 0) break;
     out.addSeriObject(std::move(child));
   }
-  return errorStep(obj.setSeriArray("params", std::move(out)));
 }
 
 }  // namespace param
