@@ -23,20 +23,16 @@ namespace alg = utils::algorithm;
 constexpr alg::AESAlgorithm kAesTable[4] = {alg::AESAlgorithm::GCM, alg::AESAlgorithm::CFB,
                                             alg::AESAlgorithm::CBC, alg::AESAlgorithm::CTR};
 
+// The encodings whose size is not known before encoding (base64 and XOR are
+// written straight into the file).
 SdkError encode(const std::string& text, SeriOption option, std::string& payload) {
   const std::uint8_t* key = documentKey(option.keyIndex());
   switch (option.encoding()) {
-    case SeriOption::Base64:
-      alg::base64::encode(text.data(), text.size(), payload);
-      return 0;
-    case SeriOption::Xor:
-      alg::XOR::encode(text.data(), text.size(), key, 16, payload);
-      return 0;
     case SeriOption::Lzma:
       return alg::lzma::compress(text.data(), text.size(), payload);
     case SeriOption::Aes:
-      return alg::aes::encrypt(kAesTable[option.aesAlgorithm()], text.data(), text.size(), key,
-                               16, payload);
+      return alg::aes::encrypt(kAesTable[option.aesAlgorithm()], text.data(), text.size(), key, 16,
+                               payload);
     default:
       return errc::unknownEncodingOnWrite;
   }
@@ -86,7 +82,9 @@ void logFailure(const char* what, const utils::path& file, SdkError code) {
 
 }  // namespace
 
-SeriDocument::SeriDocument(utils::JsonLoad tag) : SeriObject(tag) { setInfo(&info_); }
+SeriDocument::SeriDocument(utils::JsonLoad tag) : SeriObject(tag) {
+  setInfo(&info_);
+}
 
 SeriDocument::SeriDocument(utils::JsonSave tag, const std::string& extension)
     : SeriObject(tag), info_(extension) {
@@ -110,7 +108,9 @@ SeriDocument& SeriDocument::operator=(SeriDocument&& other) noexcept {
   return *this;
 }
 
-SeriDocument SeriDocument::clone() const { return SeriDocument(SeriObject::clone(), &info_); }
+SeriDocument SeriDocument::clone() const {
+  return SeriDocument(SeriObject::clone(), &info_);
+}
 
 SdkError SeriDocument::setSeriObject(const char* key, SeriObject&& child) {
   return SeriObject::setSeriObject(key, std::move(child));
@@ -137,26 +137,45 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
   SeriObject block(utils::JsonSave::instance);
   if (info_.save(block) == 0) setJsonObjectOfConst(kInfoKey, std::move(block));
 
+  const std::string text = stringfy();
+
+  // Base64 and XOR are encoded straight into the mapped file; the other
+  // encodings first into memory, so that a codec failure leaves no file behind.
+  const unsigned encoding = option.encoding();
+  const bool direct = encoding == SeriOption::Base64 || encoding == SeriOption::Xor;
   std::string payload;
-  {
-    const std::string text = stringfy();
-    if (SdkError e = encode(text, option, payload)) {
-      logFailure("encode document for", file, e);
-      return e;
-    }
+  std::size_t payloadSize = 0;
+  if (encoding == SeriOption::Base64) {
+    payloadSize = alg::base64::encodedSize(text.size());
+  } else if (encoding == SeriOption::Xor) {
+    payloadSize = text.size();
+  } else if (SdkError e = encode(text, option, payload)) {
+    logFailure("encode document for", file, e);
+    return e;
+  } else {
+    payloadSize = payload.size();
   }
 
   const utils::path temporary = file.replaceFilename(file.filenameW() + L".tmp");
   SdkError result = 0;
   {
-    utils::wo_mmfile out(temporary, payload.size() + kHeaderSize);
+    utils::wo_mmfile out(temporary, payloadSize + kHeaderSize);
     if (!out.is_open()) {
       result = errc::mapFailed;
     } else {
       std::uint8_t header[kHeaderSize];
       storeWord(option.word, header);
       result = out.write(0, header, kHeaderSize);
-      if (result == 0) result = out.write(kHeaderSize, payload.data(), payload.size());
+      if (result == 0 && direct) {
+        std::uint8_t* target = out.data() + kHeaderSize;
+        if (encoding == SeriOption::Base64) {
+          alg::base64::encodeTo(text.data(), text.size(), reinterpret_cast<char*>(target));
+        } else {
+          alg::XOR::encodeTo(text.data(), text.size(), documentKey(option.keyIndex()), 16, target);
+        }
+      } else if (result == 0) {
+        result = out.write(kHeaderSize, payload.data(), payload.size());
+      }
       if (result == 0) result = out.flush();
     }
   }

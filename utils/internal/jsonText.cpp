@@ -3,6 +3,7 @@
 #include <boost/json.hpp>
 #include <boost/json/basic_parser_impl.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <new>
@@ -124,19 +125,27 @@ bj::value parseJson(std::string_view text, std::error_code& ec) {
 
 namespace {
 
+// Characters that a JSON string cannot hold as they are.
+constexpr bool needsEscape(unsigned char c) {
+  return c < 0x20 || c == '"' || c == '\\';
+}
+
 class Writer {
  public:
-  explicit Writer(int indent) : indent_(indent) {}
+  explicit Writer(int indent) : indent_(indent) { out_.resize(4096); }
 
-  std::string take() { return std::move(out_); }
+  std::string take() {
+    out_.resize(n_);
+    return std::move(out_);
+  }
 
   void value(const bj::value& v, int depth) {
     switch (v.kind()) {
       case bj::kind::null:
-        out_ += "null";
+        put("null", 4);
         break;
       case bj::kind::bool_:
-        out_ += v.get_bool() ? "true" : "false";
+        v.get_bool() ? put("true", 4) : put("false", 5);
         break;
       case bj::kind::int64:
         number(v.get_int64());
@@ -160,104 +169,118 @@ class Writer {
   }
 
   void object(const bj::object& o, int depth) {
-    out_ += '{';
+    put('{');
     bool first = true;
     for (const auto& kv : o) {
-      if (!first) out_ += ',';
+      if (!first) put(',');
       first = false;
       newline(depth + 1);
       string(kv.key());
-      out_ += indent_ > 0 ? ": " : ":";
+      indent_ > 0 ? put(": ", 2) : put(':');
       value(kv.value(), depth + 1);
     }
     if (!o.empty()) newline(depth);
-    out_ += '}';
+    put('}');
   }
 
   void array(const bj::array& a, int depth) {
-    out_ += '[';
+    put('[');
     bool first = true;
     for (const auto& v : a) {
-      if (!first) out_ += ',';
+      if (!first) put(',');
       first = false;
       newline(depth + 1);
       value(v, depth + 1);
     }
     if (!a.empty()) newline(depth);
-    out_ += ']';
+    put(']');
   }
 
  private:
+  // Makes room for `count` more characters.
+  char* room(std::size_t count) {
+    if (n_ + count > out_.size()) out_.resize(std::max(out_.size() * 2, n_ + count));
+    return out_.data() + n_;
+  }
+  void put(char c) {
+    *room(1) = c;
+    ++n_;
+  }
+  void put(const char* text, std::size_t count) {
+    std::memcpy(room(count), text, count);
+    n_ += count;
+  }
+
   void newline(int depth) {
     if (indent_ <= 0) return;
-    out_ += '\n';
-    out_.append(static_cast<std::size_t>(depth * indent_), ' ');
+    const std::size_t spaces = static_cast<std::size_t>(depth * indent_);
+    char* p = room(spaces + 1);
+    *p = '\n';
+    std::memset(p + 1, ' ', spaces);
+    n_ += spaces + 1;
   }
 
   template <class T>
   void number(T n) {
-    char buf[32];
-    auto res = std::to_chars(buf, buf + sizeof buf, n);
-    std::size_t len = static_cast<std::size_t>(res.ptr - buf);
+    char* p = room(32);
+    auto res = std::to_chars(p, p + 32, n);
+    std::size_t len = static_cast<std::size_t>(res.ptr - p);
     if constexpr (std::is_floating_point_v<T>) {
       // Keep the sign of a negative zero, which "-0" would lose on reading.
-      if (len == 2 && buf[0] == '-' && buf[1] == '0') {
-        out_ += "-0.0";
-        return;
+      if (len == 2 && p[0] == '-' && p[1] == '0') {
+        std::memcpy(p, "-0.0", 4);
+        len = 4;
       }
     }
-    out_.append(buf, len);
+    n_ += len;
   }
 
   void string(bj::string_view s) {
-    out_ += '"';
-    const char* p = s.data();
-    const char* end = p + s.size();
-    const char* run = p;
-    for (; p != end; ++p) {
-      unsigned char c = static_cast<unsigned char>(*p);
-      if (c >= 0x20 && c != '"' && c != '\\') continue;
-      out_.append(run, p);
-      escape(c);
-      run = p + 1;
-    }
-    out_.append(run, end);
-    out_ += '"';
-  }
-
-  void escape(unsigned char c) {
-    switch (c) {
-      case '"':
-        out_ += "\\\"";
-        return;
-      case '\\':
-        out_ += "\\\\";
-        return;
-      case '\n':
-        out_ += "\\n";
-        return;
-      case '\r':
-        out_ += "\\r";
-        return;
-      case '\t':
-        out_ += "\\t";
-        return;
-      case '\b':
-        out_ += "\\b";
-        return;
-      case '\f':
-        out_ += "\\f";
-        return;
-      default: {
-        static const char hex[] = "0123456789abcdef";
-        char u[6] = {'\\', 'u', '0', '0', hex[c >> 4], hex[c & 15]};
-        out_.append(u, sizeof u);
+    // At most 6 characters per byte ("\u00XX"), plus the quotes.
+    char* p = room(s.size() * 6 + 2);
+    char* const start = p;
+    *p++ = '"';
+    for (unsigned char c : s) {
+      if (!needsEscape(c)) {
+        *p++ = static_cast<char>(c);
+        continue;
+      }
+      *p++ = '\\';
+      switch (c) {
+        case '"':
+        case '\\':
+          *p++ = static_cast<char>(c);
+          break;
+        case '\n':
+          *p++ = 'n';
+          break;
+        case '\r':
+          *p++ = 'r';
+          break;
+        case '\t':
+          *p++ = 't';
+          break;
+        case '\b':
+          *p++ = 'b';
+          break;
+        case '\f':
+          *p++ = 'f';
+          break;
+        default: {
+          static const char hex[] = "0123456789abcdef";
+          const char u[5] = {'u', '0', '0', hex[c >> 4], hex[c & 15]};
+          std::memcpy(p, u, 5);
+          p += 5;
+        }
       }
     }
+    *p++ = '"';
+    n_ += static_cast<std::size_t>(p - start);
   }
 
   int indent_;
   std::string out_;
+  std::size_t n_ = 0;
 };
 
 }  // namespace
