@@ -56,7 +56,11 @@ struct PARAM_API ArcSegment : SegmentBase {
   // paramType stops after "paramType" with errc::badArcParamType.
   SdkError save(SeriObject& obj) const override;
 
-  bool operator==(const ArcSegment&) const = default;
+  // Compares all three stored values, whatever the paramType.
+  bool operator==(const ArcSegment& o) const {
+    return type == o.type && paramType == o.paramType && start == o.start && second == o.second &&
+           third == o.third;
+  }
 };
 
 }  // namespace param

@@ -66,6 +66,7 @@ struct PARAM_API BezierSegment : SegmentBase {
   // after "type".
   SdkError save(SeriObject& obj) const override;
 
+  // Compares the kind, the degree and the meaningful points only.
   bool operator==(const BezierSegment& other) const;
 };
 

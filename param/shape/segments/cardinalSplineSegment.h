@@ -30,7 +30,9 @@ struct PARAM_API CardinalSplineSegment : SegmentBase {
   // Writes "type", "tension", "knots".
   SdkError save(SeriObject& obj) const override;
 
-  bool operator==(const CardinalSplineSegment&) const = default;
+  bool operator==(const CardinalSplineSegment& o) const {
+    return type == o.type && tension == o.tension && knots == o.knots && flag == o.flag;
+  }
 };
 
 }  // namespace param

@@ -25,7 +25,9 @@ struct PARAM_API LineSegment : SegmentBase {
   // Writes "type", "start", "end".
   SdkError save(SeriObject& obj) const override;
 
-  bool operator==(const LineSegment&) const = default;
+  bool operator==(const LineSegment& o) const {
+    return type == o.type && start == o.start && end == o.end;
+  }
 };
 
 }  // namespace param

@@ -32,7 +32,10 @@ struct PARAM_API NURBSSegment : SegmentBase {
   // Writes "type", "degree", "controlPoints", "knots".
   SdkError save(SeriObject& obj) const override;
 
-  bool operator==(const NURBSSegment&) const = default;
+  bool operator==(const NURBSSegment& o) const {
+    return type == o.type && degree == o.degree && controlPoints == o.controlPoints &&
+           flag == o.flag && knots == o.knots;
+  }
 };
 
 }  // namespace param

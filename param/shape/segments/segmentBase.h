@@ -45,8 +45,6 @@ struct PARAM_API SegmentBase {
   // The segment of the kind stored under "type", loaded from `obj`. Empty when
   // the kind is missing or unknown (logged) or when its load fails.
   static std::shared_ptr<SegmentBase> createSegment(const SeriObject& obj);
-
-  bool operator==(const SegmentBase&) const = default;
 };
 
 // A segment as one element or key of a record: the segment's object. Loading
