@@ -1,0 +1,51 @@
+#pragma once
+
+#include <type_traits>
+#include <vector>
+
+#include <param/seri/recordIo.h>
+#include <param/shape/point2dConcept.h>
+
+namespace param::detail {
+
+// A list of points stored as an array of {"x", "y"} objects, read all or
+// nothing: every entry must be an object with numeric "x" and "y", or the list
+// and the flag stay as they were and the first bad entry's code is the key's
+// code (raised once, by the key's error-response step). A list that is read
+// replaces the old one and sets `flag` back to true.
+//
+// The generic list rule would let the error-response step skip a bad
+// coordinate inside an entry and keep the rest of the list, which would put a
+// made-up coordinate into a curve's control data.
+template <class List, class Flag>
+struct PointListField {
+  List& points;
+  Flag& flag;
+
+  SdkError read(const KeySource& src) {
+    SeriArray arr(utils::JsonLoad::instance);
+    if (SdkError e = src.getArray(arr)) return e;
+    std::vector<Point2d> fresh(arr.size());
+    for (std::size_t i = 0; i < arr.size(); ++i) {
+      SeriObject entry(utils::JsonLoad::instance);
+      if (SdkError e = arr.getSeriObject(i, entry)) return e;
+      if (SdkError e = entry.get("x", fresh[i].x)) return e;
+      if (SdkError e = entry.get("y", fresh[i].y)) return e;
+    }
+    points = std::move(fresh);
+    flag = true;
+    return 0;
+  }
+
+  SdkError write(KeySink& dst) const {
+    return FieldIo<std::vector<Point2d>>::write(dst,
+                                                static_cast<const std::vector<Point2d>&>(points));
+  }
+};
+
+template <class List, class Flag>
+PointListField<List, Flag> pointListField(List& points, Flag& flag) {
+  return {points, flag};
+}
+
+}  // namespace param::detail

@@ -1,0 +1,172 @@
+#include <cmath>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include <utils/errorHandle.h>
+
+#include <param/seri/recordIo.h>
+#include <param/shape/matrix2d.h>
+
+#include "shapeTestUtil.h"
+
+using param::Matrix2d;
+using param::Point2d;
+using M = Matrix2d;
+
+namespace {
+
+// The image of (x, y): (a*x + c*y + tx, b*x + d*y + ty).
+Point2d map(const Matrix2d& m, double x, double y) {
+  return Point2d(m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]);
+}
+
+void expectElements(const Matrix2d& m, std::initializer_list<double> expected) {
+  std::size_t i = 0;
+  for (double e : expected)
+    EXPECT_NEAR(m[i++], e, 1e-12) << "element " << i - 1;
+}
+
+const Matrix2d kBase = Matrix2d::make(1, 2, 3, 4, 5, 6);
+
+}  // namespace
+
+// Applies one operation to kBase in its three forms: in place (returns the
+// matrix it changed), as a copy (leaves the original alone) and static.
+#define EXPECT_THREE_FORMS(call, staticCall, ...) \
+  do {                                            \
+    M inPlace = kBase, onStatic = kBase;          \
+    const M original = kBase;                     \
+    EXPECT_EQ(&inPlace.call, &inPlace);           \
+    const M copy = original.call;                 \
+    EXPECT_EQ(&M::staticCall, &onStatic);         \
+    expectElements(inPlace, {__VA_ARGS__});       \
+    expectElements(copy, {__VA_ARGS__});          \
+    expectElements(onStatic, {__VA_ARGS__});      \
+    EXPECT_EQ(original, kBase);                   \
+  } while (0)
+
+TEST(Matrix2d, ThreeFormsAgree) {
+  const double r90 = 90 * 0.017453292519943295;
+  const M rot90 = M::make(0, 1, -1, 0, 0, 0);
+  EXPECT_THREE_FORMS(translate(1, -1), translate(onStatic, 1, -1), 1, 2, 3, 4, 6, 5);
+  EXPECT_THREE_FORMS(scale(1, 2, 2, 3), scale(onStatic, 1, 2, 2, 3), 2, 6, 6, 12, 9, 14);
+  EXPECT_THREE_FORMS(scale(1, 2, 2, 3), mirrorEx(onStatic, 1, 2, 2, 3), 2, 6, 6, 12, 9, 14);
+  EXPECT_THREE_FORMS(rotate(0, 0, 90), rotate(onStatic, 0, 0, 90), -2, 1, -4, 3, -6, 5);
+  EXPECT_THREE_FORMS(rotate(0, 0, 90), rotateEx(onStatic, 0, 0, std::sin(r90), std::cos(r90)), -2,
+                     1, -4, 3, -6, 5);
+  EXPECT_THREE_FORMS(mirror(1, 1, true, false), mirror(onStatic, 1, 1, true, false), 1, -2, 3, -4,
+                     5, -4);
+  EXPECT_THREE_FORMS(shear(0, 0, 45, 0), shear(onStatic, 0, 0, 45, 0), 3, 2, 7, 4, 11, 6);
+  EXPECT_THREE_FORMS(shear(0, 0, 45, 0), shearEx(onStatic, 0, 0, 1, 0), 3, 2, 7, 4, 11, 6);
+  EXPECT_THREE_FORMS(preConcat(rot90), preConcat(onStatic, rot90), 3, 4, -1, -2, 5, 6);
+  EXPECT_THREE_FORMS(postConcat(rot90), postConcat(onStatic, rot90), -2, 1, -4, 3, -6, 5);
+  M product = kBase;
+  EXPECT_EQ(&(product *= rot90), &product);
+  EXPECT_EQ(product, kBase * rot90);
+  expectElements(product, {-2, 1, -4, 3, -6, 5});
+}
+
+TEST(Matrix2d, IdentityFactoriesAndOrder) {
+  expectElements(M(), {1, 0, 0, 1, 0, 0});
+  EXPECT_EQ(M::makeTranslate(0, 0), M());
+  M m = kBase;
+  EXPECT_EQ(&m.reset(), &m);
+  expectElements(m, {1, 0, 0, 1, 0, 0});
+  M::translateTo(m, 1, 1, 4, 5);
+  expectElements(m, {1, 0, 0, 1, 3, 4});
+
+  expectElements(M::makeRotate(90, 0, 0), {0, 1, -1, 0, 0, 0});
+  EXPECT_POINT_NEAR(map(M::makeRotate(90, 1, 1), 1, 1), 1, 1);
+  EXPECT_POINT_NEAR(map(M::makeRotate(90, 1, 1), 2, 1), 1, 2);
+  EXPECT_POINT_NEAR(map(M::makeMirror(true, false, 0, 5), 2, 3), 2, 7);
+  EXPECT_POINT_NEAR(map(M::makeMirror(false, true, 5, 0), 2, 3), 8, 3);
+  // Factories take the centre last, operations take it first.
+  EXPECT_POINT_NEAR(map(M::makeScale(2, 3, 1, 1), 1, 1), 1, 1);
+  EXPECT_POINT_NEAR(map(M::makeScale(2, 3, 1, 1), 2, 2), 3, 4);
+  EXPECT_EQ(M::makeScale(2, 3, 1, 1), M().scale(1, 1, 2, 3));
+  EXPECT_POINT_NEAR(map(M::makeShear(45, 0, 0, 2), 0, 2), 0, 2);
+  EXPECT_POINT_NEAR(map(M::makeShear(45, 0, 0, 2), 0, 3), 1, 3);
+  EXPECT_POINT_NEAR(map(M::makeShear(0, 45, 0, 0), 2, 0), 2, 2);
+
+  // Operations apply after the held transform.
+  m = M::makeTranslate(10, 0);
+  m.rotate(0, 0, 90);
+  EXPECT_POINT_NEAR(map(m, 1, 0), 0, 11);
+  const M a = M::makeScale(2, 2, 0, 0), b = M::makeTranslate(1, 0);
+  EXPECT_POINT_NEAR(map(a * b, 1, 1), 3, 2);
+  EXPECT_POINT_NEAR(map(b * a, 1, 1), 4, 2);
+  EXPECT_EQ(a.preConcat(b), b * a);
+}
+
+TEST(Matrix2d, ComparisonAndDeterminant) {
+  const M m = M::make(1, 0, 0, 1, 0, 0);
+  EXPECT_TRUE(m == M::make(1, 0, 0, 1, 0.00009, 0));
+  EXPECT_FALSE(m == M::make(1, 0, 0, 1, 0, 0.0001));
+  EXPECT_TRUE(m != M::make(1, 0, 0, 1, 0, -0.0001));
+  EXPECT_FALSE(m == M::make(NAN, 0, 0, 1, 0, 0));
+  EXPECT_DOUBLE_EQ(kBase.determinant(), -2);
+  EXPECT_DOUBLE_EQ(M::determinant(kBase), -2);
+  EXPECT_TRUE(M::make(1e-150, 0, 0, 1e-150, 0, 0).reversible());
+  EXPECT_FALSE(M::make(1, 2, 2, 4, 5, 6).reversible());
+  EXPECT_FALSE(M::reversible(M::make(1, 2, 2, 4, 5, 6)));
+}
+
+TEST(Matrix2d, Deconstruct) {
+  double out[7] = {7, 7, 7, 7, 7, 7, 7};
+  auto run = [&](const M& m) {
+    return m.deconstruct(out[0], out[1], out[2], out[3], out[4], out[5], out[6]);
+  };
+  auto expectOut = [&](std::initializer_list<double> expected) {
+    std::size_t i = 0;
+    for (double e : expected)
+      EXPECT_NEAR(out[i++], e, 1e-9) << "output " << i - 1;
+  };
+  EXPECT_FALSE(run(M::make(1, 2, 2, 4, 5, 6)));
+  expectOut({7, 7, 7, 7, 7, 7, 7});  // singular: nothing written
+  EXPECT_TRUE(run(M()));
+  expectOut({0, 0, 0, 1, 1, 0, 0});
+  EXPECT_TRUE(run(M::makeRotate(30, 0, 0)));
+  expectOut({0, 0, 30, 1, 1, 0, 0});
+  EXPECT_TRUE(run(M::makeScale(2, 3, 0, 0).translate(5, 0)));
+  expectOut({5, 0, 0, 2, 3, 0, 0});
+  EXPECT_TRUE(run(M::makeShear(30, 0, 0, 0).translate(5, 0)));
+  expectOut({5, 0, 0, 1, 1, 30, 0});
+  // Turned, then moved off its x axis: the rotation is read from the image of
+  // (1, 0) itself, (10, 1), so the rebuild fails; the outputs are filled in.
+  EXPECT_FALSE(run(M::makeRotate(90, 0, 0).translate(10, 0)));
+  expectOut({10, 0, std::atan2(1.0, 10.0) * 57.29577951308232, 1, 1, 0, 0});
+}
+
+TEST(Matrix2d, SaveLoadAndRecordKey) {
+  param::SeriObject obj(utils::JsonSave::instance);
+  ASSERT_EQ(M::make(1, 2.5, -3, 4, 5, 6).save(obj, "m"), 0u);
+  EXPECT_EQ(obj.stringfy(), R"({"m":[1,2.5,-3,4,5,6]})");
+
+  M m = kBase;
+  ASSERT_EQ(m.load(shape_test::parse(R"({"m":[7,8,9]})"), "m"), 0u);
+  expectElements(m, {7, 8, 9, 4, 5, 6});  // a short array overwrites a prefix
+  ASSERT_EQ(m.load(shape_test::parse(R"({"m":[1,1,1,1,1,1,9,9]})"), "m"), 0u);
+  expectElements(m, {1, 1, 1, 1, 1, 1});
+  m = kBase;
+  EXPECT_EQ(m.load(shape_test::parse(R"({"m":[0,0,"x",0]})"), "m"), utils::errc::wrongType);
+  expectElements(m, {0, 0, 3, 4, 5, 6});  // entries before the bad one stay read
+  EXPECT_EQ(m.load(shape_test::parse(R"({"n":[0]})"), "m"), utils::errc::keyMissing);
+  EXPECT_EQ(m.load(shape_test::parse(R"({"m":{}})"), "m"), utils::errc::wrongType);
+  expectElements(m, {0, 0, 3, 4, 5, 6});
+
+  // As one key of a record, through the error-response step.
+  param::SeriObject rec(utils::JsonSave::instance);
+  ASSERT_EQ(param::RecordSaver(rec)("id", 3)("placement", kBase).result(), 0u);
+  EXPECT_EQ(rec.stringfy(), R"({"id":3,"placement":[1,2,3,4,5,6]})");
+  ASSERT_EQ(param::RecordLoader(rec)("placement", m).result(), 0u);
+  EXPECT_EQ(m, kBase);
+  const auto bad = shape_test::parse(R"({"placement":"none"})");
+  {
+    utils::ScopedErrorHandler ignore(utils::ErrorResponseType::Ignore);
+    EXPECT_EQ(param::RecordLoader(bad)("placement", m).result(), 0u);
+  }
+  utils::ScopedErrorHandler abort(utils::ErrorResponseType::Abort);
+  EXPECT_EQ(param::RecordLoader(bad)("placement", m).result(), utils::errc::wrongType);
+  EXPECT_EQ(m, kBase);
+}
