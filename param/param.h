@@ -69,5 +69,19 @@
 #include <param/wobble/wobblePathProc.h>
 
 // Geometry
+#include <param/shape/anchorPoint.h>
+#include <param/shape/bezierPath.h>
+#include <param/shape/calcUtil.h>
+#include <param/shape/contentBasePaths.h>
 #include <param/shape/mPointF2d.h>
+#include <param/shape/matrix2d.h>
+#include <param/shape/pathConcept.h>
 #include <param/shape/point2dConcept.h>
+#include <param/shape/rect2dConcept.h>
+#include <param/shape/rectF2ds.h>
+#include <param/shape/segments/arcSegment.h>
+#include <param/shape/segments/bezierSegment.h>
+#include <param/shape/segments/cardinalSplineSegment.h>
+#include <param/shape/segments/lineSegment.h>
+#include <param/shape/segments/nurbsSegment.h>
+#include <param/shape/segments/segmentBase.h>

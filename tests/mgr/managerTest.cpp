@@ -9,6 +9,7 @@
 #include <param/params/arrayParam.h>
 #include <param/params/dataRecordParam.h>
 #include <param/params/fillLayerParam.h>
+#include <param/shape/anchorPoint.h>
 
 #include "support/testSupport.h"
 
@@ -200,4 +201,32 @@ TEST_F(Managers, ColourTable) {
   EXPECT_EQ(colors[12], utils::Color(1, 2, 3));
   colors.reset();
   EXPECT_EQ(colors.size(), 0u);
+}
+
+TEST_F(Managers, AnchorPointDefaultsAndComparison) {
+  const fs::path file = dir / "defaults.cfg";
+  ASSERT_EQ(param::load({file}), 0u);
+  AnchorPoint plain;
+  EXPECT_EQ(plain.type, 4);
+  SeriObject saved(utils::JsonSave::instance);
+  ASSERT_EQ(plain.save(saved), 0u);
+  EXPECT_EQ(saved.stringfy(), R"({"type":4,"point":{"x":0,"y":0}})");
+
+  AnchorPoint stored;
+  stored.type = 2;
+  stored.point = {1.5, -2};
+  ASSERT_EQ(DefaultParamMgr::storeDefault("struct AnchorPoint", stored), 0u);
+  AnchorPoint fresh;
+  EXPECT_TRUE(fresh == stored);
+
+  AnchorPoint near = stored;
+  near.point.x += 0.00005;
+  EXPECT_TRUE(near == stored);
+  AnchorPoint atZero = stored, apart = stored;
+  atZero.point.x = 0;
+  apart.point.x = 0.0001;  // exactly the tolerance: not equal
+  EXPECT_FALSE(apart == atZero);
+  near = stored;
+  near.type = 3;
+  EXPECT_FALSE(near == stored);
 }

@@ -1,0 +1,25 @@
+#include <param/shape/anchorPoint.h>
+
+#include <param/mgr/defaultParamMgr.h>
+#include <param/params/internal/tolerance.h>
+#include <param/seri/recordIo.h>
+
+namespace param {
+namespace {
+SdkError keys(auto&& io, RecordOf<AnchorPoint> auto& r) {
+  io("type", r.type);
+  io("point", r.point);
+  return io.result();
+}
+}  // namespace
+
+AnchorPoint::AnchorPoint() { DefaultParamMgr::loadDefault("struct AnchorPoint", *this); }
+
+SdkError AnchorPoint::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
+SdkError AnchorPoint::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+
+bool AnchorPoint::operator==(const AnchorPoint& o) const {
+  return type == o.type && within0001(point.x, o.point.x) && within0001(point.y, o.point.y);
+}
+
+}  // namespace param
