@@ -1,11 +1,15 @@
-// The demo that scripts/run.sh runs: builds a parameter document, writes it in
-// every encoding, reads each file back and checks that it is the same document.
+// The demo that scripts/run.sh runs: starts the library, builds a parameter
+// document (pens, board, colours), wobbles and transforms a square with a pen,
+// writes the document in every encoding, reads each file back and checks that
+// it is the same document.
 #include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <string>
 #include <vector>
+
+#include <array>
 
 #include <CLI/CLI.hpp>
 
@@ -36,7 +40,7 @@ double msSince(std::chrono::steady_clock::time_point start) {
       .count();
 }
 
-param::SeriDocument buildDocument() {
+param::PenArray buildPens() {
   param::PenArray pens(16);
   auto& cut = pens[3];
   std::snprintf(cut.penName, sizeof cut.penName, "deep cut");
@@ -47,15 +51,71 @@ param::SeriDocument buildDocument() {
   cut.wobble.wobbleDiaX = 0.4f;
   cut.wobble.wobbleSpace = 0.05f;
   std::printf(
-      "built a pen table of %zu pens; pen 3 \"%s\": power %d%%, %.1f kHz, %d passes, "
+      "pens:     %zu pens; pen 3 \"%s\": power %d%%, %.1f kHz, %d passes, "
       "circle wobble %.2f mm every %.2f mm\n",
       pens.size(), cut.penName, cut.laserPower, static_cast<double>(cut.laserFreq), cut.markCount,
       static_cast<double>(cut.wobble.wobbleDiaX), static_cast<double>(cut.wobble.wobbleSpace));
+  return pens;
+}
 
+param::LmcParam buildBoard() {
+  param::LmcParam board;
+  board.laserParam.laserType = 4;
+  board.laserParam.fiberPar.powerMap[10] = 96.5f;
+  board.galvoParam.galvoSize = 160.0;
+  board.galvoParam.setResolution(65535);
+  board.flyParam.flowFixSpeed = 120.0f;
+  std::printf(
+      "board:    laser type %d, %.0f mm field (%.3f units/mm), %zu extension axes, "
+      "conveyor %.0f mm/s\n",
+      board.laserParam.laserType, board.galvoParam.galvoSize, board.galvoParam.unitsPerMm,
+      board.axParArray.size(), static_cast<double>(board.flyParam.flowFixSpeed));
+  return board;
+}
+
+// A 10 mm square marked with the pen's wobble, and where it lands on the field
+// when the job is rotated by 30 degrees about its centre.
+void showGeometry(const param::PenParam& pen) {
+  const std::vector<param::MPointF2d> square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}};
+  param::WobblePathProc wobble;
+  wobble.setWobblePar(pen.wobble);
+  std::vector<param::MPointF2d> wobbled;
+  wobble.doWobble(square, wobbled);
+  std::printf("wobble:   pen %d turns a 10 mm square into %zu points\n", pen.penId, wobbled.size());
+
+  const param::Matrix2d turn = param::Matrix2d::makeRotate(30, 5, 5);
+  param::PathF2d outline;
+  for (const auto& p : square) {
+    outline.emplace_back(turn[0] * p.x + turn[2] * p.y + turn[4],
+                         turn[1] * p.x + turn[3] * p.y + turn[5]);
+  }
+  const param::Rect2d box = param::CalcUtil::bounds(outline);
+  std::vector<param::Point2d> clipped;
+  param::CalcUtil::secantLineByRect(outline[0], outline[2], {0, 0, 10, 10}, clipped);
+  std::printf(
+      "geometry: rotated 30 degrees about its centre it spans %.3f x %.3f mm; its "
+      "diagonal crosses the original square from (%.3f, %.3f) to (%.3f, %.3f)\n",
+      box.width, box.height, clipped[0].x, clipped[0].y, clipped[1].x, clipped[1].y);
+}
+
+param::SeriDocument buildDocument(const param::PenArray& pens) {
   param::SeriDocument doc(utils::JsonSave::instance, "");
   param::SeriObject table(utils::JsonSave::instance);
   pens.save(table);
   doc.setSeriObject("pens", std::move(table));
+  param::SeriObject board(utils::JsonSave::instance);
+  buildBoard().save(board);
+  doc.setSeriObject("board", std::move(board));
+
+  auto colors = param::ColorMgr::instance();
+  for (int i = 0; i < 4; ++i)
+    (*colors)[static_cast<std::size_t>(i)] = utils::Color(
+        utils::Color::HSV,
+        std::array<std::uint8_t, 3>{static_cast<std::uint8_t>(i * 60), 255, 255}.data(), 3);
+  param::SeriObject palette(utils::JsonSave::instance);
+  colors->save(palette);
+  doc.setSeriObject("colors", std::move(palette));
+  std::printf("colours:  %zu pen colours from the colour table\n", colors->size());
   return doc;
 }
 
@@ -79,7 +139,30 @@ int main(int argc, char** argv) {
   std::error_code ec;
   fs::create_directories(folder, ec);
 
-  param::SeriDocument doc = buildDocument();
+  // The library's log lines, in order with the demo's own output.
+  utils::Logger::setSink([](utils::LogLevel level, std::string_view tag, std::string_view line) {
+    if (level >= utils::LogLevel::Warning) {
+      std::printf("log:      [%.*s] %.*s\n", static_cast<int>(tag.size()), tag.data(),
+                  static_cast<int>(line.size()), line.data());
+    }
+  });
+
+  // Library start-up: stored record defaults come from a file in the demo folder
+  // (missing on the first run, which the library logs and then creates).
+  if (param::SdkError e = param::load({folder / "defaults.cfg"})) {
+    std::printf("param::load failed: %s\n", param::errorText(e));
+    return 1;
+  }
+  param::FillLayerParam hatch;
+  hatch.fillSpace = 0.05;
+  param::DefaultParamMgr::storeDefault("struct FillLayerParam", hatch);
+  std::printf("defaults: new fill layers now hatch every %.2f mm (stored in defaults.cfg)\n",
+              param::FillLayerParam().fillSpace);
+
+  const param::PenArray pens = buildPens();
+  param::SeriDocument doc = buildDocument(pens);
+  showGeometry(pens[3]);
+  std::printf("files:\n");
   int failures = 0;
   std::string reference;
   for (const Encoding& enc : kEncodings) {
@@ -107,6 +190,7 @@ int main(int argc, char** argv) {
     if (!same) ++failures;
   }
 
+  param::unload();
   if (keep || !temporary) {
     std::printf("files are in %s (inspect them with paramdoc show <file>)\n",
                 folder.string().c_str());

@@ -4,6 +4,7 @@
 #include <param/seri/seriDocument.h>
 
 #include "deviceTestUtil.h"
+#include "support/testSupport.h"
 
 using devtest::CountingHandler;
 using devtest::edit;
@@ -61,6 +62,31 @@ TEST(LmcParamTest, DocumentRoundTripKeepsTheText) {
   const auto [first, again] = documentRoundTrip(lmc);
   EXPECT_EQ(first, again);
   EXPECT_NE(first, defaultFirst);
+}
+
+TEST(LmcParamTest, DefaultBoardSurvivesEveryEncodingOnDisk) {
+  testing_support::TempDir dir;
+  const std::string expected = [] {
+    SeriObject obj(utils::JsonSave::instance);
+    EXPECT_EQ(LmcParam().save(obj), 0u);
+    return obj.stringfy();
+  }();
+  for (unsigned encoding = 0; encoding < 4; ++encoding) {
+    for (unsigned key = 0; key < 4; ++key) {
+      const SeriOption option(static_cast<SeriOption::Encoding>(encoding), key, key);
+      SCOPED_TRACE(option.word);
+      SeriDocument out(utils::JsonSave::instance, "");
+      ASSERT_EQ(LmcParam().save(out), 0u);
+      ASSERT_EQ(out.writeToFile(dir / "board.cfg", option), 0u);
+      SeriDocument in(utils::JsonLoad::instance);
+      ASSERT_EQ(in.readFromFile(dir / "board.cfg"), 0u);
+      LmcParam fresh;
+      ASSERT_EQ(fresh.load(in), 0u);
+      SeriObject again(utils::JsonSave::instance);
+      ASSERT_EQ(fresh.save(again), 0u);
+      EXPECT_EQ(again.stringfy(), expected);
+    }
+  }
 }
 
 TEST(LmcParamTest, PartialDocumentsChangeOnlyTheirSections) {
