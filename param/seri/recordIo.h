@@ -46,6 +46,7 @@
 
 #include <utils/json.h>
 
+#include <param/export.h>
 #include <param/seri/errorStep.h>
 #include <param/seri/seriObject.h>
 #include <param/shape/point2dConcept.h>
@@ -246,6 +247,10 @@ struct FieldIo<std::vector<T, A>> {
   static SdkError read(const auto& src, std::vector<T, A>& values) {
     SeriArray arr(utils::JsonLoad::instance);
     if (SdkError e = src.getArray(arr)) return e;
+    return readElements(arr, values);
+  }
+  // Every element of `arr`, or nothing: the first unreadable element's code.
+  static SdkError readElements(const SeriArray& arr, std::vector<T, A>& values) {
     std::vector<T, A> fresh;
     fresh.reserve(arr.size());
     for (std::size_t i = 0; i < arr.size(); ++i) {
@@ -269,6 +274,9 @@ struct FieldIo<std::vector<T, A>> {
 
 // ---- The key walkers ----
 
+// Logs that the list `key` holds an element that cannot be read.
+PARAM_API void logUnreadableElement(const char* key, SdkError code);
+
 // Loads a record's keys in order (see the top of this file).
 class RecordLoader {
  public:
@@ -283,8 +291,24 @@ class RecordLoader {
     return *this;
   }
 
+  // A list whose unreadable element ends the walk at once with the element's
+  // code, whatever the error handler would answer; the list keeps its content.
+  // A missing or mistyped key goes through the error-response step as usual.
+  template <class T, class A>
+  RecordLoader& strictList(const char* key, std::vector<T, A>& list) {
+    if (result_ != 0) return *this;
+    SeriArray arr(utils::JsonLoad::instance);
+    if (SdkError e = obj_.getSeriArray(key, arr)) {
+      result_ = errorStep(e);
+    } else if (SdkError e = FieldIo<std::vector<T, A>>::readElements(arr, list)) {
+      logUnreadableElement(key, e);
+      result_ = e;
+    }
+    return *this;
+  }
+
   const SeriObject& object() const { return obj_; }
-  // 0, or the code of the key at which the handler stopped the walk.
+  // 0, or the code of the key at which the walk stopped.
   SdkError result() const { return result_; }
 
  private:
@@ -305,6 +329,12 @@ class RecordSaver {
       result_ = errorStep(FieldIo<V>::write(sink, member));
     }
     return *this;
+  }
+
+  // Saved like any list; see RecordLoader::strictList.
+  template <class T, class A>
+  RecordSaver& strictList(const char* key, const std::vector<T, A>& list) {
+    return (*this)(key, list);
   }
 
   SeriObject& object() const { return obj_; }
