@@ -29,9 +29,9 @@ inline constexpr SdkError codecFailure = 0x120006;     // the compressor or ciph
 inline constexpr SdkError payloadTooLarge = 0x120007;  // decoded size beyond the decode limit
 
 // Files
-inline constexpr SdkError fileTooShort = 0x130001;     // shorter than its fixed header
-inline constexpr SdkError fileIoError = 0x130002;      // open, write, flush or rename failed
-inline constexpr SdkError writeOutOfBounds = 0x130003; // write past the end of a mapping
+inline constexpr SdkError fileTooShort = 0x130001;      // shorter than its fixed header
+inline constexpr SdkError fileIoError = 0x130002;       // open, write, flush or rename failed
+inline constexpr SdkError writeOutOfBounds = 0x130003;  // write past the end of a mapping
 }  // namespace errc
 
 }  // namespace utils

@@ -6,7 +6,9 @@
 
 namespace utils::_impl {
 
-double distance(double dx, double dy) { return std::sqrt(dx * dx + dy * dy); }
+double distance(double dx, double dy) {
+  return std::sqrt(dx * dx + dy * dy);
+}
 
 double distanceSmooth(double x1, double y1, double x2, double y2) {
   return std::hypot(x2 - x1, y2 - y1);
@@ -21,7 +23,9 @@ double distancePtToSegSmooth(double x1, double y1, double x2, double y2, double 
   return std::hypot(px - (x1 + t * dx), py - (y1 + t * dy));
 }
 
-double radianOfVector(double x, double y) { return std::atan2(y, x); }
+double radianOfVector(double x, double y) {
+  return std::atan2(y, x);
+}
 
 double radianOf3Point(double x1, double y1, double x2, double y2, double x3, double y3) {
   const double ax = x1 - x2, ay = y1 - y2;
@@ -45,8 +49,8 @@ double calcAngleBySides(double s1, double s2, double s3) {
   return std::acos(std::clamp(c, -1.0, 1.0));
 }
 
-bool circleFrom3Points(double x1, double y1, double x2, double y2, double x3, double y3,
-                       double& cx, double& cy, double& r, double eps) {
+bool circleFrom3Points(double x1, double y1, double x2, double y2, double x3, double y3, double& cx,
+                       double& cy, double& r, double eps) {
   const double d = 2.0 * (x1 * (y2 - y3) + x2 * (y3 - y1) + x3 * (y1 - y2));
   if (std::fabs(d) < eps) return false;
   const double s1 = x1 * x1 + y1 * y1;

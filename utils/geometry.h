@@ -43,8 +43,8 @@ UTILS_API bool lineCrossPoint(double x1, double y1, double x2, double y2, double
                               double x4, double y4, double& x, double& y, double eps);
 // Side of (px, py) against the directed line (x1, y1) -> (x2, y2); OnLine when its
 // distance from the line is below eps.
-UTILS_API PointLinePosition pointLinePosition(double x1, double y1, double x2, double y2,
-                                              double px, double py, double eps);
+UTILS_API PointLinePosition pointLinePosition(double x1, double y1, double x2, double y2, double px,
+                                              double py, double eps);
 
 }  // namespace _impl
 }  // namespace utils

@@ -18,7 +18,9 @@ const JsonSave JsonSave::instance{};
 
 namespace {
 
-const bj::value& asValue(const void* node) { return *static_cast<const bj::value*>(node); }
+const bj::value& asValue(const void* node) {
+  return *static_cast<const bj::value*>(node);
+}
 
 template <class T>
 T* as(const std::shared_ptr<void>& node) {
@@ -103,7 +105,9 @@ bool parseNonFinite(const bj::value& v, double& out) {
   return true;
 }
 
-bool integralDouble(double d) { return std::isfinite(d) && std::trunc(d) == d; }
+bool integralDouble(double d) {
+  return std::isfinite(d) && std::trunc(d) == d;
+}
 
 template <class Container>
 SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& node,
@@ -156,8 +160,7 @@ SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int
     case bj::kind::double_: {
       double d = v.get_double();
       // [lo, hi + 1) holds every integer in range, and both bounds are exact doubles.
-      if (!integralDouble(d) || d < static_cast<double>(lo) ||
-          d >= static_cast<double>(hi) + 1.0) {
+      if (!integralDouble(d) || d < static_cast<double>(lo) || d >= static_cast<double>(hi) + 1.0) {
         return errc::outOfRange;
       }
       out = static_cast<std::int64_t>(d);
@@ -248,7 +251,9 @@ JsonObject JsonObject::clone() const {
   return copy;
 }
 
-void JsonObject::swap(JsonObject& other) noexcept { node_.swap(other.node_); }
+void JsonObject::swap(JsonObject& other) noexcept {
+  node_.swap(other.node_);
+}
 
 const void* JsonObject::find(const char* key) const {
   if (!node_ || key == nullptr) return nullptr;
@@ -313,11 +318,14 @@ std::vector<std::string> JsonObject::keys() const {
   if (!node_) return out;
   const bj::object& o = *as<const bj::object>(node_);
   out.reserve(o.size());
-  for (const auto& kv : o) out.emplace_back(kv.key());
+  for (const auto& kv : o)
+    out.emplace_back(kv.key());
   return out;
 }
 
-std::size_t JsonObject::size() const { return node_ ? as<const bj::object>(node_)->size() : 0; }
+std::size_t JsonObject::size() const {
+  return node_ ? as<const bj::object>(node_)->size() : 0;
+}
 
 bool JsonObject::erase(const char* key) {
   if (!contains(key)) return false;
@@ -347,11 +355,17 @@ JsonArray JsonArray::clone() const {
   return copy;
 }
 
-void JsonArray::swap(JsonArray& other) noexcept { node_.swap(other.node_); }
+void JsonArray::swap(JsonArray& other) noexcept {
+  node_.swap(other.node_);
+}
 
-std::size_t JsonArray::size() const { return node_ ? as<const bj::array>(node_)->size() : 0; }
+std::size_t JsonArray::size() const {
+  return node_ ? as<const bj::array>(node_)->size() : 0;
+}
 
-void JsonArray::reserve(std::size_t count) { exclusive<bj::array>(node_).reserve(count); }
+void JsonArray::reserve(std::size_t count) {
+  exclusive<bj::array>(node_).reserve(count);
+}
 
 const void* JsonArray::at(std::size_t index) const {
   if (!node_) return nullptr;

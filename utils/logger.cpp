@@ -68,7 +68,9 @@ Logger& Logger::write(std::string_view text) {
   return *this;
 }
 
-Logger& Logger::write(const path& p) { return active_ ? write(p.string()) : *this; }
+Logger& Logger::write(const path& p) {
+  return active_ ? write(p.string()) : *this;
+}
 
 Logger& Logger::write(SdkError code) {
   if (!active_) return *this;

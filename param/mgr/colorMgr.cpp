@@ -18,7 +18,9 @@ std::shared_ptr<ColorMgr> g_instance;
 constexpr std::uint8_t kSavedMode = 3;  // colours are written as RGBA
 constexpr std::size_t kEmptyBuckets = 8;
 
-utils::Logger paramLog(utils::LogLevel level) { return utils::Logger(level, "Param"); }
+utils::Logger paramLog(utils::LogLevel level) {
+  return utils::Logger(level, "Param");
+}
 
 }  // namespace
 
@@ -42,7 +44,9 @@ const utils::Color& ColorMgr::at(std::size_t index) const {
       .first->second;
 }
 
-std::shared_ptr<ColorMgr> ColorMgr::clone() const { return std::make_shared<ColorMgr>(*this); }
+std::shared_ptr<ColorMgr> ColorMgr::clone() const {
+  return std::make_shared<ColorMgr>(*this);
+}
 
 void ColorMgr::reset() {
   colors_.clear();
@@ -66,7 +70,8 @@ SdkError ColorMgr::load(const SeriObject& obj) {
     std::uint8_t components[4] = {};
     const std::size_t n = std::min(count, entry.size());
     bool ok = true;
-    for (std::size_t i = 0; i < n && ok; ++i) ok = entry.get(i, components[i]) == 0;
+    for (std::size_t i = 0; i < n && ok; ++i)
+      ok = entry.get(i, components[i]) == 0;
     if (!ok) continue;
     decoded[std::atoi(key.c_str())] = utils::Color(mode, components, n);
   }
@@ -78,7 +83,8 @@ SdkError ColorMgr::save(SeriObject& obj) const {
   SeriObject table(utils::JsonSave::instance);
   for (const auto& [index, color] : colors_) {
     SeriArray rgba(utils::JsonSave::instance);
-    for (std::uint8_t component : color.rgbaValue()) rgba.add(component);
+    for (std::uint8_t component : color.rgbaValue())
+      rgba.add(component);
     table.setSeriArray(std::to_string(index).c_str(), std::move(rgba));
   }
   if (SdkError e = errorStep(obj.setSeriObject("color", std::move(table)))) return e;

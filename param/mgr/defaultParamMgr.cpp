@@ -28,7 +28,9 @@ class ScopeExit {
   std::function<void()> action_;
 };
 
-utils::Logger paramLog(utils::LogLevel level) { return utils::Logger(level, "Param"); }
+utils::Logger paramLog(utils::LogLevel level) {
+  return utils::Logger(level, "Param");
+}
 
 }  // namespace
 
@@ -40,7 +42,9 @@ std::shared_ptr<DefaultParamMgr> DefaultParamMgr::instance() {
   return g_instance;
 }
 
-SdkError DefaultParamMgr::load(const utils::path& file) { return readFromFile(file); }
+SdkError DefaultParamMgr::load(const utils::path& file) {
+  return readFromFile(file);
+}
 
 SdkError DefaultParamMgr::save(const utils::path& file) const {
   return writeToFile(file, SeriOption());

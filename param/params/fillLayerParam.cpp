@@ -33,10 +33,16 @@ bool samePenAndOutline(const FillLayerParam& a, const FillLayerParam& b) {
 }
 }  // namespace
 
-FillLayerParam::FillLayerParam() { DefaultParamMgr::loadDefault("struct FillLayerParam", *this); }
+FillLayerParam::FillLayerParam() {
+  DefaultParamMgr::loadDefault("struct FillLayerParam", *this);
+}
 
-SdkError FillLayerParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError FillLayerParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError FillLayerParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError FillLayerParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 bool FillLayerParam::isSameEffect(const FillLayerParam& o) const {
   if (enabled != o.enabled) return false;

@@ -39,14 +39,21 @@ SdkError keys(auto&& io, RecordOf<FillParam> auto& r) {
 }
 }  // namespace
 
-SdkError FillParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError FillParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError FillParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError FillParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
-bool FillParam::isFillEnabled() const { return enabledFillLayerCount() != 0; }
+bool FillParam::isFillEnabled() const {
+  return enabledFillLayerCount() != 0;
+}
 
 bool FillParam::disableFill() {
   const bool any = isFillEnabled();
-  for (FillLayerParam& layer : layers) layer.enabled = false;
+  for (FillLayerParam& layer : layers)
+    layer.enabled = false;
   return any;
 }
 

@@ -13,7 +13,11 @@ SdkError keys(auto&& io, RecordOf<OptimizeFocusParam> auto& r) {
 }
 }  // namespace
 
-SdkError OptimizeFocusParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError OptimizeFocusParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError OptimizeFocusParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError OptimizeFocusParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 }  // namespace param

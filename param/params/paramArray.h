@@ -35,8 +35,7 @@ struct ParamArray : std::vector<T> {
   void saveElements(SeriArray& out) const;
 
   // Position of the first element whose id() equals `id`, or -1.
-  std::int32_t indexOf(unsigned int id) const
-    requires requires(const T& t) { t.id(); }
+  std::int32_t indexOf(unsigned int id) const requires requires(const T& t) { t.id(); }
   {
     for (std::size_t i = 0; i < this->size(); ++i) {
       if (static_cast<std::int64_t>((*this)[i].id()) == static_cast<std::int64_t>(id)) {

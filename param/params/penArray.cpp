@@ -5,7 +5,8 @@ namespace param {
 PenArray::PenArray(int count) {
   if (count < 1) return;
   resize(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) (*this)[static_cast<std::size_t>(i)].penId = i;
+  for (int i = 0; i < count; ++i)
+    (*this)[static_cast<std::size_t>(i)].penId = i;
 }
 
 }  // namespace param

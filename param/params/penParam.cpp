@@ -36,7 +36,11 @@ SdkError keys(auto&& io, RecordOf<PenParam> auto& r) {
 }
 }  // namespace
 
-SdkError PenParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError PenParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError PenParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError PenParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 }  // namespace param

@@ -11,7 +11,11 @@ SdkError keys(auto&& io, RecordOf<PulsePointParam> auto& r) {
 }
 }  // namespace
 
-SdkError PulsePointParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError PulsePointParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError PulsePointParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError PulsePointParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 }  // namespace param

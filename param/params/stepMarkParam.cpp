@@ -12,7 +12,11 @@ SdkError keys(auto&& io, RecordOf<StepMarkParam> auto& r) {
 }
 }  // namespace
 
-SdkError StepMarkParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError StepMarkParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError StepMarkParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError StepMarkParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 }  // namespace param

@@ -14,7 +14,11 @@ SdkError keys(auto&& io, RecordOf<WobbleParam> auto& r) {
 }
 }  // namespace
 
-SdkError WobbleParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError WobbleParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError WobbleParam::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError WobbleParam::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 }  // namespace param

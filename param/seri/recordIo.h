@@ -107,7 +107,8 @@ struct AppendSink {
 
 // ---- How each kind of member is stored ----
 
-// A record: anything with `SdkError load(const SeriObject&)` and `SdkError save(SeriObject&) const`.
+// A record: anything with `SdkError load(const SeriObject&)` and `SdkError save(SeriObject&)
+// const`.
 template <class T>
 concept SeriRecord = requires(T& t, const T& c, const SeriObject& in, SeriObject& out) {
   { t.load(in) } -> std::same_as<SdkError>;
@@ -218,8 +219,7 @@ struct FixedArrayIo {
 };
 
 template <class T, std::size_t N>
-  requires(!std::same_as<T, char>)
-struct FieldIo<T[N]> {
+requires(!std::same_as<T, char>) struct FieldIo<T[N]> {
   static SdkError read(const auto& src, T (&values)[N]) {
     return FixedArrayIo<T, N>::read(src, values);
   }

@@ -15,9 +15,9 @@ namespace param {
 // it through info(), so that a record knows which build wrote what it loads.
 struct PARAM_API SeriInfo {
   utils::Version ver = utils::Version::g_sdkBuildVersion;
-  std::string os = buildOs();                           // "Windows", "Linux" or "macOS"
-  std::uint8_t arch = sizeof(void*) * 8;                // pointer width of the writer
-  std::string extension;                                // the document file's extension
+  std::string os = buildOs();             // "Windows", "Linux" or "macOS"
+  std::uint8_t arch = sizeof(void*) * 8;  // pointer width of the writer
+  std::string extension;                  // the document file's extension
 
   SeriInfo() = default;
   explicit SeriInfo(std::string ext) : extension(std::move(ext)) {}

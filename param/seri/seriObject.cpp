@@ -2,7 +2,9 @@
 
 namespace param {
 
-SeriObject SeriObject::clone() const { return SeriObject(utils::JsonObject::clone(), info_); }
+SeriObject SeriObject::clone() const {
+  return SeriObject(utils::JsonObject::clone(), info_);
+}
 
 void SeriObject::swap(SeriObject& other) noexcept {
   utils::JsonObject::swap(other);
@@ -28,7 +30,9 @@ SdkError SeriObject::getSeriArray(const char* key, SeriArray& out) const {
   return getJsonArray(key, out);
 }
 
-SeriArray SeriArray::clone() const { return SeriArray(utils::JsonArray::clone(), info_); }
+SeriArray SeriArray::clone() const {
+  return SeriArray(utils::JsonArray::clone(), info_);
+}
 
 void SeriArray::swap(SeriArray& other) noexcept {
   utils::JsonArray::swap(other);

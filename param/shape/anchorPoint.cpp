@@ -13,10 +13,16 @@ SdkError keys(auto&& io, RecordOf<AnchorPoint> auto& r) {
 }
 }  // namespace
 
-AnchorPoint::AnchorPoint() { DefaultParamMgr::loadDefault("struct AnchorPoint", *this); }
+AnchorPoint::AnchorPoint() {
+  DefaultParamMgr::loadDefault("struct AnchorPoint", *this);
+}
 
-SdkError AnchorPoint::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-SdkError AnchorPoint::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+SdkError AnchorPoint::load(const SeriObject& obj) {
+  return keys(RecordLoader(obj), *this);
+}
+SdkError AnchorPoint::save(SeriObject& obj) const {
+  return keys(RecordSaver(obj), *this);
+}
 
 bool AnchorPoint::operator==(const AnchorPoint& o) const {
   return type == o.type && within0001(point.x, o.point.x) && within0001(point.y, o.point.y);

@@ -5,16 +5,19 @@
 namespace param {
 
 void BezierPath::reverse() {
-  for (BezierSegment& segment : *this) segment.reverse();
+  for (BezierSegment& segment : *this)
+    segment.reverse();
   std::reverse(begin(), end());
 }
 
 void BezierPath::setDegree(std::size_t degree) {
-  for (BezierSegment& segment : *this) segment.setDegree(degree);
+  for (BezierSegment& segment : *this)
+    segment.setDegree(degree);
 }
 
 BezierPath& BezierPath::postTransform(Matrix2d m) {
-  for (BezierSegment& segment : *this) segment.postTransform(m);
+  for (BezierSegment& segment : *this)
+    segment.postTransform(m);
   return *this;
 }
 
@@ -24,16 +27,19 @@ BezierPath BezierPath::postTransform(Matrix2d m) const {
 }
 
 void BezierPaths::reverse() {
-  for (BezierPath& path : *this) path.reverse();
+  for (BezierPath& path : *this)
+    path.reverse();
   std::reverse(begin(), end());
 }
 
 void BezierPaths::setDegree(std::size_t degree) {
-  for (BezierPath& path : *this) path.setDegree(degree);
+  for (BezierPath& path : *this)
+    path.setDegree(degree);
 }
 
 BezierPaths& BezierPaths::postTransform(Matrix2d m) {
-  for (BezierPath& path : *this) path.postTransform(m);
+  for (BezierPath& path : *this)
+    path.postTransform(m);
   return *this;
 }
 

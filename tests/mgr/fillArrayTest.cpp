@@ -110,13 +110,15 @@ TEST(Fill, LayerArrayLoadsInPlace) {
   EXPECT_FALSE(fill.layers[1].enabled);
   EXPECT_TRUE(fill.simplify);
   std::string five = R"({"layer":[)";
-  for (int i = 0; i < 5; ++i) five += (i ? "," : "") + std::string(R"({"penID":)") + char('1' + i) + "}";
+  for (int i = 0; i < 5; ++i)
+    five += (i ? "," : "") + std::string(R"({"penID":)") + char('1' + i) + "}";
   ASSERT_EQ(fill.load(parsed(five + "]}")), 0u);
   EXPECT_EQ(fill.layers[2].penID, 3);
 
   SeriObject saved(utils::JsonSave::instance);
   ASSERT_EQ(fill.save(saved), 0u);
-  EXPECT_EQ(saved.keys(), (std::vector<std::string>{"layer", "enableEdge", "edgeFirst", "simplify"}));
+  EXPECT_EQ(saved.keys(),
+            (std::vector<std::string>{"layer", "enableEdge", "edgeFirst", "simplify"}));
   FillParam back;
   ASSERT_EQ(back.load(saved), 0u);
   EXPECT_TRUE(back.isSameEffect(fill));

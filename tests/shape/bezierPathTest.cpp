@@ -12,7 +12,8 @@ BezierSegment cubic(double base) {
 
 std::vector<Point2d> points(const BezierPath& path) {
   std::vector<Point2d> out;
-  for (const auto& s : path) out.insert(out.end(), s.points, s.points + s.size());
+  for (const auto& s : path)
+    out.insert(out.end(), s.points, s.points + s.size());
   return out;
 }
 
@@ -21,8 +22,14 @@ std::vector<Point2d> points(const BezierPath& path) {
 TEST(BezierPath, ReverseTurnsSegmentsAndTheirOrder) {
   BezierPath path{cubic(0), cubic(10)};
   path.reverse();
-  EXPECT_EQ(points(path), (std::vector<Point2d>{{13, 0}, {12, 1}, {11, 1}, {10, 0},  //
-                                                {3, 0}, {2, 1}, {1, 1}, {0, 0}}));
+  EXPECT_EQ(points(path), (std::vector<Point2d>{{13, 0},
+                                                {12, 1},
+                                                {11, 1},
+                                                {10, 0},  //
+                                                {3, 0},
+                                                {2, 1},
+                                                {1, 1},
+                                                {0, 0}}));
   BezierPath empty;
   empty.reverse();
   EXPECT_TRUE(empty.empty());

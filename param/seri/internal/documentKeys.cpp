@@ -15,6 +15,8 @@ const std::uint8_t kKeys[64] = {
 };
 }  // namespace
 
-const std::uint8_t* documentKey(unsigned index) { return kKeys + 16 * (index & 3u); }
+const std::uint8_t* documentKey(unsigned index) {
+  return kKeys + 16 * (index & 3u);
+}
 
 }  // namespace param
