@@ -40,12 +40,7 @@ RectArrayParam::RectArrayParam() {
   DefaultParamMgr::loadDefault("struct RectArrayParam", *this);
 }
 
-SdkError RectArrayParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError RectArrayParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(RectArrayParam)
 
 bool RectArrayParam::operator==(const RectArrayParam& o) const {
   return flags.value == o.flags.value && rowCount == o.rowCount && colCount == o.colCount &&
@@ -53,24 +48,14 @@ bool RectArrayParam::operator==(const RectArrayParam& o) const {
          within0001(colDistIncrease, o.colDistIncrease);
 }
 
-SdkError CircularArrayParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError CircularArrayParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(CircularArrayParam)
 
 bool CircularArrayParam::operator==(const CircularArrayParam& o) const {
   return count == o.count && radius == o.radius && clockwise == o.clockwise &&
          within0001(startAngle, o.startAngle) && within0001(angleIncrease, o.angleIncrease);
 }
 
-SdkError ArrayParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError ArrayParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(ArrayParam)
 
 bool ArrayParam::isSameEffect(const ArrayParam& o) const {
   if (enabled != o.enabled) return false;

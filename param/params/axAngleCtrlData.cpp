@@ -19,11 +19,6 @@ AxAngleCtrlData::~AxAngleCtrlData() = default;
 AxAngleCtrlData* AxAngleCtrlData::clone() const {
   return new AxAngleCtrlData(*this);
 }
-SdkError AxAngleCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxAngleCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxAngleCtrlData)
 
 }  // namespace param

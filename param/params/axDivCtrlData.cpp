@@ -24,11 +24,6 @@ AxDivCtrlData::~AxDivCtrlData() = default;
 AxDivCtrlData* AxDivCtrlData::clone() const {
   return new AxDivCtrlData(*this);
 }
-SdkError AxDivCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxDivCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxDivCtrlData)
 
 }  // namespace param

@@ -19,11 +19,6 @@ AxRingCtrlData::~AxRingCtrlData() = default;
 AxRingCtrlData* AxRingCtrlData::clone() const {
   return new AxRingCtrlData(*this);
 }
-SdkError AxRingCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxRingCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxRingCtrlData)
 
 }  // namespace param

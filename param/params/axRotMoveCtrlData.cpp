@@ -27,11 +27,6 @@ AxRotMoveCtrlData::~AxRotMoveCtrlData() = default;
 AxRotMoveCtrlData* AxRotMoveCtrlData::clone() const {
   return new AxRotMoveCtrlData(*this);
 }
-SdkError AxRotMoveCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxRotMoveCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxRotMoveCtrlData)
 
 }  // namespace param

@@ -20,11 +20,6 @@ AxRotTextCtrlData::~AxRotTextCtrlData() = default;
 AxRotTextCtrlData* AxRotTextCtrlData::clone() const {
   return new AxRotTextCtrlData(*this);
 }
-SdkError AxRotTextCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxRotTextCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxRotTextCtrlData)
 
 }  // namespace param

@@ -23,11 +23,6 @@ AxSupRulerCtrlData::~AxSupRulerCtrlData() = default;
 AxSupRulerCtrlData* AxSupRulerCtrlData::clone() const {
   return new AxSupRulerCtrlData(*this);
 }
-SdkError AxSupRulerCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxSupRulerCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxSupRulerCtrlData)
 
 }  // namespace param

@@ -13,11 +13,6 @@ SdkError keys(auto&& io, RecordOf<AxisRunData> auto& r) {
 }
 }  // namespace
 
-SdkError AxisRunData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxisRunData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxisRunData)
 
 }  // namespace param

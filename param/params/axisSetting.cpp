@@ -36,11 +36,6 @@ SdkError keys(auto&& io, RecordOf<AxisSetting> auto& r) {
 }
 }  // namespace
 
-SdkError AxisSetting::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AxisSetting::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AxisSetting)
 
 }  // namespace param

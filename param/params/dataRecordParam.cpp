@@ -44,12 +44,7 @@ DataRecordParam::DataRecordParam() {
   DefaultParamMgr::loadDefault("struct DataRecordParam", *this);
 }
 
-SdkError DataRecordParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError DataRecordParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(DataRecordParam)
 
 bool DataRecordParam::isSameEffect(const DataRecordParam& o) const {
   return writeToFile == o.writeToFile && enableDupCheck == o.enableDupCheck &&

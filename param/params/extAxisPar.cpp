@@ -11,11 +11,6 @@ SdkError keys(auto&& io, RecordOf<ExtAxisPar> auto& r) {
 }
 }  // namespace
 
-SdkError ExtAxisPar::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError ExtAxisPar::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(ExtAxisPar)
 
 }  // namespace param

@@ -37,12 +37,7 @@ FillLayerParam::FillLayerParam() {
   DefaultParamMgr::loadDefault("struct FillLayerParam", *this);
 }
 
-SdkError FillLayerParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError FillLayerParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(FillLayerParam)
 
 bool FillLayerParam::isSameEffect(const FillLayerParam& o) const {
   if (enabled != o.enabled) return false;

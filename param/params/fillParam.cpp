@@ -39,12 +39,7 @@ SdkError keys(auto&& io, RecordOf<FillParam> auto& r) {
 }
 }  // namespace
 
-SdkError FillParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError FillParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(FillParam)
 
 bool FillParam::isFillEnabled() const {
   return enabledFillLayerCount() != 0;

@@ -35,11 +35,6 @@ SdkError keys(auto&& io, RecordOf<FlyParam> auto& r) {
 }
 }  // namespace
 
-SdkError FlyParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError FlyParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(FlyParam)
 
 }  // namespace param

@@ -17,11 +17,6 @@ SdkError keys(auto&& io, RecordOf<GalvoBox> auto& r) {
 }
 }  // namespace
 
-SdkError GalvoBox::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError GalvoBox::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(GalvoBox)
 
 }  // namespace param

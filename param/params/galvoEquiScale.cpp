@@ -17,11 +17,6 @@ SdkError keys(auto&& io, RecordOf<GalvoEquiScale> auto& r) {
 }
 }  // namespace
 
-SdkError GalvoEquiScale::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError GalvoEquiScale::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(GalvoEquiScale)
 
 }  // namespace param

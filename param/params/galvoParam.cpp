@@ -31,11 +31,6 @@ void GalvoParam::setResolution(int n) {
   if (galvoSize > 0.0) unitsPerMm = static_cast<double>(n) / galvoSize;
 }
 
-SdkError GalvoParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError GalvoParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(GalvoParam)
 
 }  // namespace param

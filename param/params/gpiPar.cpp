@@ -13,11 +13,6 @@ SdkError keys(auto&& io, RecordOf<GpiPar> auto& r) {
 }
 }  // namespace
 
-SdkError GpiPar::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError GpiPar::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(GpiPar)
 
 }  // namespace param

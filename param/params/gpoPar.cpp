@@ -15,11 +15,6 @@ SdkError keys(auto&& io, RecordOf<GpoPar> auto& r) {
 }
 }  // namespace
 
-SdkError GpoPar::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError GpoPar::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(GpoPar)
 
 }  // namespace param

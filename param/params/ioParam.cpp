@@ -15,11 +15,6 @@ SdkError keys(auto&& io, RecordOf<IOParam> auto& r) {
 }
 }  // namespace
 
-SdkError IOParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError IOParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(IOParam)
 
 }  // namespace param

@@ -105,59 +105,14 @@ SdkError keys(auto&& io, RecordOf<LaserParam> auto& r) {
 
 }  // namespace
 
-SdkError LaserParamCO2::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamCO2::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamYAG::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamYAG::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamUV::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamUV::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamFiber::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamFiber::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamMopa::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamMopa::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamQCW::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamQCW::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParamWeldYAG::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParamWeldYAG::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserCheckParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserCheckParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
-SdkError LaserParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LaserParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(LaserParamCO2)
+PARAM_RECORD_IO(LaserParamYAG)
+PARAM_RECORD_IO(LaserParamUV)
+PARAM_RECORD_IO(LaserParamFiber)
+PARAM_RECORD_IO(LaserParamMopa)
+PARAM_RECORD_IO(LaserParamQCW)
+PARAM_RECORD_IO(LaserParamWeldYAG)
+PARAM_RECORD_IO(LaserCheckParam)
+PARAM_RECORD_IO(LaserParam)
 
 }  // namespace param

@@ -42,11 +42,6 @@ SdkError keys(auto&& io, RecordOf<LmcParam> auto& r) {
 
 }  // namespace
 
-SdkError LmcParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError LmcParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(LmcParam)
 
 }  // namespace param

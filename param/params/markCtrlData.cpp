@@ -23,11 +23,6 @@ MarkCtrlData& MarkCtrlData::operator=(MarkCtrlData&& other) {
   return *this = static_cast<const MarkCtrlData&>(other);
 }
 
-SdkError MarkCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError MarkCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(MarkCtrlData)
 
 }  // namespace param

@@ -16,11 +16,6 @@ SdkError keys(auto&& io, RecordOf<MarkParam> auto& r) {
 }
 }  // namespace
 
-SdkError MarkParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError MarkParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(MarkParam)
 
 }  // namespace param

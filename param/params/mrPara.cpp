@@ -18,11 +18,6 @@ MRPara::~MRPara() = default;
 MRPara* MRPara::clone() const {
   return new MRPara(*this);
 }
-SdkError MRPara::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError MRPara::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(MRPara)
 
 }  // namespace param

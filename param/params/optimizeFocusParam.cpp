@@ -13,11 +13,6 @@ SdkError keys(auto&& io, RecordOf<OptimizeFocusParam> auto& r) {
 }
 }  // namespace
 
-SdkError OptimizeFocusParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError OptimizeFocusParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(OptimizeFocusParam)
 
 }  // namespace param

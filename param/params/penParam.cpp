@@ -36,11 +36,6 @@ SdkError keys(auto&& io, RecordOf<PenParam> auto& r) {
 }
 }  // namespace
 
-SdkError PenParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError PenParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(PenParam)
 
 }  // namespace param

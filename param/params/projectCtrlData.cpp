@@ -16,11 +16,6 @@ ProjectCtrlData::~ProjectCtrlData() = default;
 ProjectCtrlData* ProjectCtrlData::clone() const {
   return new ProjectCtrlData(*this);
 }
-SdkError ProjectCtrlData::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError ProjectCtrlData::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(ProjectCtrlData)
 
 }  // namespace param

@@ -11,11 +11,6 @@ SdkError keys(auto&& io, RecordOf<PulsePointParam> auto& r) {
 }
 }  // namespace
 
-SdkError PulsePointParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError PulsePointParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(PulsePointParam)
 
 }  // namespace param

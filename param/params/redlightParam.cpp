@@ -15,11 +15,6 @@ SdkError keys(auto&& io, RecordOf<RedlightParam> auto& r) {
 }
 }  // namespace
 
-SdkError RedlightParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError RedlightParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(RedlightParam)
 
 }  // namespace param

@@ -12,11 +12,6 @@ SdkError keys(auto&& io, RecordOf<StepMarkParam> auto& r) {
 }
 }  // namespace
 
-SdkError StepMarkParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError StepMarkParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(StepMarkParam)
 
 }  // namespace param

@@ -14,11 +14,6 @@ SdkError keys(auto&& io, RecordOf<WobbleParam> auto& r) {
 }
 }  // namespace
 
-SdkError WobbleParam::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError WobbleParam::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(WobbleParam)
 
 }  // namespace param

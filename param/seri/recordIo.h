@@ -14,8 +14,7 @@
 //   }
 //   }  // namespace
 //
-//   SdkError StepMarkParam::load(const SeriObject& obj) { return keys(RecordLoader(obj), *this); }
-//   SdkError StepMarkParam::save(SeriObject& obj) const { return keys(RecordSaver(obj), *this); }
+//   PARAM_RECORD_IO(StepMarkParam)   // defines load and save from keys()
 //
 // Each key goes through the error-response step (errorStep): on Abort the walk
 // stops and returns the key's code, otherwise the member keeps its value and the
@@ -360,3 +359,13 @@ SdkError FieldIo<Point2dConcept<C>>::write(auto& dst, const Point2dConcept<C>& p
 }
 
 }  // namespace param
+
+// Defines Record::load and Record::save from the keys() function of the same
+// source file: both directions walk the one key list.
+#define PARAM_RECORD_IO(Record)                                    \
+  ::param::SdkError Record::load(const ::param::SeriObject& obj) { \
+    return keys(::param::RecordLoader(obj), *this);                \
+  }                                                                \
+  ::param::SdkError Record::save(::param::SeriObject& obj) const { \
+    return keys(::param::RecordSaver(obj), *this);                 \
+  }

@@ -17,12 +17,7 @@ AnchorPoint::AnchorPoint() {
   DefaultParamMgr::loadDefault("struct AnchorPoint", *this);
 }
 
-SdkError AnchorPoint::load(const SeriObject& obj) {
-  return keys(RecordLoader(obj), *this);
-}
-SdkError AnchorPoint::save(SeriObject& obj) const {
-  return keys(RecordSaver(obj), *this);
-}
+PARAM_RECORD_IO(AnchorPoint)
 
 bool AnchorPoint::operator==(const AnchorPoint& o) const {
   return type == o.type && within0001(point.x, o.point.x) && within0001(point.y, o.point.y);
