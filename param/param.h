@@ -65,6 +65,16 @@
 #include <param/mgr/defaultParamMgr.h>
 #include <param/mgr/initParam.h>
 
+// Legacy binary reader
+#include <param/legacy/encodingNames.h>
+#include <param/legacy/seaWString.h>
+#include <param/legacy/sriBase.h>
+#include <param/legacy/sriFile.h>
+#include <param/legacy/sriMemory.h>
+#include <param/legacy/sriProxy.h>
+#include <param/legacy/sriWchar.h>
+#include <param/legacy/wcharAdapter.h>
+
 // Wobble paths
 #include <param/wobble/wobblePathProc.h>
 
