@@ -4,19 +4,19 @@
 
 #include <param/params/lmcParam.h>
 
-#include "deviceTestUtil.h"
+#include "support/testSupport.h"
 
-using devtest::CountingHandler;
-using devtest::edit;
-using devtest::jsonOf;
-using devtest::loadJson;
+using testing_support::edit;
+using testing_support::jsonOf;
+using testing_support::loadJson;
+using testing_support::RecordingHandler;
 using utils::ErrorResponseType;
 using Codes = std::vector<utils::SdkError>;
 namespace errc = utils::errc;
 using namespace param;
 
 TEST(LaserLoad, FixedArraysTakeOnlyTheEntriesGiven) {
-  CountingHandler strict(ErrorResponseType::Abort);
+  RecordingHandler strict(ErrorResponseType::Abort);
   LaserParamFiber fiber;
   EXPECT_EQ(loadJson(fiber, R"({"powerMap":[1,2,3,4,5],"leakType":1,"moOnTime":2,"moOffTime":3})"),
             0u);
@@ -36,14 +36,14 @@ TEST(LaserLoad, FixedArraysTakeOnlyTheEntriesGiven) {
 TEST(LaserLoad, BadPowerMapUnderBothResponses) {
   const char* badMap = R"({"powerMap":[5,6,"x",8],"leakType":4,"moOnTime":1,"moOffTime":2})";
   {
-    CountingHandler strict(ErrorResponseType::Abort);
+    RecordingHandler strict(ErrorResponseType::Abort);
     LaserParamMopa mopa;
     EXPECT_EQ(loadJson(mopa, badMap), errc::wrongType);
     // Entries before the bad one are kept; later entries and keys are untouched.
     EXPECT_EQ(mopa.powerMap, (PowerMap{5, 6, 20, 30, 40, 50, 60, 70, 80, 90, 100}));
     EXPECT_EQ(mopa.leakType, 0);
   }
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   LaserParamMopa mopa;
   EXPECT_EQ(loadJson(mopa, badMap), 0u);
   EXPECT_EQ(mopa.powerMap[3], 30.0f);
@@ -61,22 +61,22 @@ TEST(LaserLoad, WeldingWaveSelectListIsReplacedOnlyWhenWhole) {
   laser.weldYagPar.vWaveSelGpo[0].index = 11;
   {
     // Abort: the welding record and the laser record each report once.
-    CountingHandler strict(ErrorResponseType::Abort);
+    RecordingHandler strict(ErrorResponseType::Abort);
     EXPECT_EQ(loadJson(laser, bad), errc::wrongType);
-    EXPECT_EQ(strict.calls, 2);
+    EXPECT_EQ(strict.calls(), 2u);
     EXPECT_EQ(laser.laserType, 5);
   }
   ASSERT_EQ(laser.weldYagPar.vWaveSelGpo.size(), 1u);
   EXPECT_EQ(laser.weldYagPar.vWaveSelGpo[0].index, 11);
   // Ignore: reported once; the list is kept.
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   EXPECT_EQ(loadJson(laser, bad), 0u);
   EXPECT_EQ(lenient.codes, (Codes{errc::wrongType}));
   EXPECT_EQ(laser.weldYagPar.vWaveSelGpo[0].index, 11);
 }
 
 TEST(IoMarkFlyLoad, RangeAndArrayRules) {
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   MarkParam mark;
   EXPECT_EQ(loadJson(mark, R"({"heartTime":7,"watchDogTimes":70000})"), 0u);
   EXPECT_EQ(mark.watchDogTimes, 1000);
@@ -118,7 +118,7 @@ TEST(GalvoParamTest, SetResolutionDerivedMembers) {
   EXPECT_EQ(g.halfRangeSq, 1152921504606846976.0);
 
   // Loading stores a new resolution but leaves the derived members alone.
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   GalvoParam loaded;
   EXPECT_EQ(loadJson(loaded, R"({"galvoSize":100,"nResolution":1001})"), 0u);
   EXPECT_EQ(loaded.halfRange, 32768);
@@ -127,7 +127,7 @@ TEST(GalvoParamTest, SetResolutionDerivedMembers) {
 }
 
 TEST(GalvoParamTest, NestedCorrectionsAndListsUnderBothResponses) {
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   GalvoParam g;
   EXPECT_EQ(loadJson(g, R"({"workSize":{"x":90.5},"boxCorPar":{"bucketX":0.5},)"
                         R"("equiCorPar":{"equiCorNum":9,"setValX":[-10,0,10]},"corType":3})"),
@@ -143,11 +143,11 @@ TEST(GalvoParamTest, NestedCorrectionsAndListsUnderBothResponses) {
   EXPECT_EQ(g.equiCorPar.setValX, (std::vector<double>{-10, 0, 10}));
   EXPECT_EQ(g.equiCorPar.fsrX, (std::vector<double>{2}));
 
-  CountingHandler strict(ErrorResponseType::Abort);
+  RecordingHandler strict(ErrorResponseType::Abort);
   // Abort inside a nested record: the inner and the outer record each report.
   EXPECT_EQ(loadJson(g, edit(jsonOf(GalvoParam{}), R"("setValX":[])", R"("setValX":[1,true])")),
             errc::wrongType);
-  EXPECT_EQ(strict.calls, 2);
+  EXPECT_EQ(strict.calls(), 2u);
   EXPECT_EQ(g.workSize.x, 110.0);
   EXPECT_EQ(g.boxCorPar.bucketX, 1.0);
   EXPECT_EQ(g.equiCorPar.equiCorNum, 9);

@@ -5,10 +5,10 @@
 #include <param/params/galvoCalPar.h>
 #include <param/params/lmcParam.h>
 
-#include "deviceTestUtil.h"
+#include "support/testSupport.h"
 
-using devtest::jsonOf;
-using devtest::keyLine;
+using testing_support::jsonOf;
+using testing_support::keyLine;
 using namespace param;
 
 TEST(DeviceKeyOrder, EveryRecordSavesItsKeysInOrder) {

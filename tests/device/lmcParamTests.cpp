@@ -3,13 +3,12 @@
 #include <param/params/lmcParam.h>
 #include <param/seri/seriDocument.h>
 
-#include "deviceTestUtil.h"
 #include "support/testSupport.h"
 
-using devtest::CountingHandler;
-using devtest::edit;
-using devtest::jsonOf;
-using devtest::loadJson;
+using testing_support::edit;
+using testing_support::jsonOf;
+using testing_support::loadJson;
+using testing_support::RecordingHandler;
 using utils::ErrorResponseType;
 namespace errc = utils::errc;
 using namespace param;
@@ -42,7 +41,7 @@ std::string withoutSection(const LmcParam& lmc, const char* key) {
 }  // namespace
 
 TEST(LmcParamTest, DocumentRoundTripKeepsTheText) {
-  CountingHandler strict(ErrorResponseType::Abort);
+  RecordingHandler strict(ErrorResponseType::Abort);
   const auto [defaultFirst, defaultAgain] = documentRoundTrip(LmcParam{});
   EXPECT_EQ(defaultFirst, defaultAgain);
   // The axes are the array itself, not wrapped in an object.
@@ -90,7 +89,7 @@ TEST(LmcParamTest, DefaultBoardSurvivesEveryEncodingOnDisk) {
 }
 
 TEST(LmcParamTest, PartialDocumentsChangeOnlyTheirSections) {
-  CountingHandler lenient(ErrorResponseType::Ignore);
+  RecordingHandler lenient(ErrorResponseType::Ignore);
   LmcParam lmc;
   EXPECT_EQ(loadJson(lmc, R"({"galvoParam":{"galvoSize":150,"bXYFlip":true}})"), 0u);
   EXPECT_EQ(lmc.galvoParam.galvoSize, 150.0);
@@ -114,7 +113,7 @@ TEST(LmcParamTest, BadSectionsUnderBothResponses) {
   const std::string text = edit(edit(full, R"("galvoParam":{)", R"("galvoParam":[],"unused":{)"),
                                 R"("bufferCount":1)", R"("bufferCount":9)");
   {
-    CountingHandler lenient(ErrorResponseType::Ignore);
+    RecordingHandler lenient(ErrorResponseType::Ignore);
     LmcParam lmc;
     lmc.galvoParam.galvoSize = 80.0;
     EXPECT_EQ(loadJson(lmc, text), 0u);
@@ -123,20 +122,20 @@ TEST(LmcParamTest, BadSectionsUnderBothResponses) {
     EXPECT_EQ(lenient.codes, (std::vector<utils::SdkError>{errc::wrongType}));
   }
   {
-    CountingHandler strict(ErrorResponseType::Abort);
+    RecordingHandler strict(ErrorResponseType::Abort);
     LmcParam lmc;
     EXPECT_EQ(loadJson(lmc, text), errc::wrongType);
     EXPECT_EQ(lmc.flyParam.bufferCount, 1);
-    EXPECT_EQ(strict.calls, 1);
+    EXPECT_EQ(strict.calls(), 1u);
   }
   // A bad key deep in an axis: the axis setting, the axis, the array and the
   // board record each report it once before the load stops.
   const std::string badAxis = edit(edit(full, R"("markLineMaxLen":2)", R"("markLineMaxLen":1.5)"),
                                    R"("axisId":0)", R"("axisId":"one")");
-  CountingHandler strict(ErrorResponseType::Abort);
+  RecordingHandler strict(ErrorResponseType::Abort);
   LmcParam lmc;
   EXPECT_EQ(loadJson(lmc, badAxis), errc::wrongType);
-  EXPECT_EQ(strict.calls, 4);
+  EXPECT_EQ(strict.calls(), 4u);
   EXPECT_EQ(lmc.markParam.markLineMaxLen, 1.5f);
   EXPECT_EQ(lmc.axParArray[0].id(), 0);
 }

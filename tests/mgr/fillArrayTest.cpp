@@ -7,14 +7,9 @@
 #include "support/testSupport.h"
 
 using namespace param;
+using testing_support::parsed;
 
 namespace {
-
-SeriObject parsed(const std::string& text) {
-  SeriObject o(utils::JsonLoad::instance);
-  EXPECT_EQ(o.parser(text.data(), text.size()), 0u) << text;
-  return o;
-}
 
 FillLayerParam enabledLayer(std::uint8_t type) {
   FillLayerParam layer;

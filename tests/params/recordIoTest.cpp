@@ -10,6 +10,8 @@
 #include "support/testSupport.h"
 
 using namespace param;
+using testing_support::jsonOf;
+using testing_support::parsed;
 using testing_support::RecordingHandler;
 using utils::ErrorResponseType;
 using utils::JsonLoad;
@@ -66,18 +68,6 @@ struct Unsavable {
   SdkError save(SeriObject&) const { return 0x99; }
 };
 
-SeriObject parsed(const std::string& text) {
-  SeriObject o(JsonLoad::instance);
-  EXPECT_EQ(o.parser(text.data(), text.size()), 0u) << text;
-  return o;
-}
-
-std::string saved(const Sample& s) {
-  SeriObject o(JsonSave::instance);
-  EXPECT_EQ(s.save(o), 0u);
-  return o.stringfy();
-}
-
 }  // namespace
 
 TEST(RecordIo, SavesEveryKindInKeyOrderAndLoadsItBack) {
@@ -85,7 +75,7 @@ TEST(RecordIo, SavesEveryKindInKeyOrderAndLoadsItBack) {
   StepMarkParam step;
   step.stepDelay = 7;
   s.steps = {step};
-  EXPECT_EQ(saved(s),
+  EXPECT_EQ(jsonOf(s),
             R"({"count":1,"gain":0.5,"mode":0,"path":"p","name":"abc","at":{"x":1,"y":2},)"
             R"("map":[0,10,20],"flags":[false,false],"list":[9],)"
             R"("steps":[{"bEnable":false,"stepDelay":7,"stepLen":0.02}],)"
@@ -100,8 +90,8 @@ TEST(RecordIo, SavesEveryKindInKeyOrderAndLoadsItBack) {
   changed.list = {1.5, 2.5};
   changed.sub.stepLen = 0.3f;
   Sample back;
-  ASSERT_EQ(back.load(parsed(saved(changed))), 0u);
-  EXPECT_EQ(saved(back), saved(changed));
+  ASSERT_EQ(back.load(parsed(jsonOf(changed))), 0u);
+  EXPECT_EQ(jsonOf(back), jsonOf(changed));
 }
 
 TEST(RecordIo, FixedArraysLoadAPrefixInPlace) {
@@ -146,7 +136,7 @@ TEST(RecordIo, CharacterArraysAreCutNotRefused) {
   Sample s;
   ASSERT_EQ(s.load(parsed(R"({"name":"abcdefghij"})")), 0u);
   EXPECT_STREQ(s.name, "abcdefg");
-  EXPECT_EQ(saved(s).find(R"("name":"abcdefg")") != std::string::npos, true);
+  EXPECT_EQ(jsonOf(s).find(R"("name":"abcdefg")") != std::string::npos, true);
   ASSERT_EQ(s.load(parsed(R"({"name":""})")), 0u);
   EXPECT_STREQ(s.name, "");
 }

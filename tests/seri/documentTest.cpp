@@ -15,6 +15,7 @@
 
 using namespace param;
 using testing_support::LogCapture;
+using testing_support::parsed;
 using testing_support::readFile;
 using testing_support::TempDir;
 using testing_support::writeFile;
@@ -74,14 +75,6 @@ SdkError readBack(const fs::path& file) {
 }
 
 // Runs a shell command; its exit status, or -1 when the tool is missing.
-int run(const std::string& command) {
-  return std::system(command.c_str());
-}
-
-bool haveTool(const char* name) {
-  return run(std::string("command -v ") + name + " >/dev/null 2>&1") == 0;
-}
-
 std::string hex(const std::string& bytes) {
   static const char digits[] = "0123456789abcdef";
   std::string out;
@@ -259,15 +252,16 @@ TEST(Document, PayloadsAreReadableByOrdinaryTools) {
   };
   const std::string out = (dir / "out").string();
 
-  if (!haveTool("base64")) GTEST_SKIP() << "base64 missing";
-  ASSERT_EQ(run("base64 -d " + payloadFile(SeriOption()) + " > " + out), 0);
+  if (!testing_support::haveTool("base64")) GTEST_SKIP() << "base64 missing";
+  ASSERT_TRUE(testing_support::runCommand("base64 -d " + payloadFile(SeriOption()) + " > " + out));
   EXPECT_EQ(readFile(out), json);
 
-  if (!haveTool("xz")) GTEST_SKIP() << "xz missing";
-  ASSERT_EQ(run("xz -d -c < " + payloadFile(SeriOption(SeriOption::Lzma)) + " > " + out), 0);
+  if (!testing_support::haveTool("xz")) GTEST_SKIP() << "xz missing";
+  ASSERT_TRUE(testing_support::runCommand("xz -d -c < " +
+                                          payloadFile(SeriOption(SeriOption::Lzma)) + " > " + out));
   EXPECT_EQ(readFile(out), json);
 
-  if (!haveTool("openssl")) GTEST_SKIP() << "openssl missing";
+  if (!testing_support::haveTool("openssl")) GTEST_SKIP() << "openssl missing";
   // Table entries 1 (CFB), 2 (CBC) and 3 (CTR) under key index 3; the payload
   // starts with the 16-byte IV.
   const std::string key = [&] {
@@ -285,23 +279,22 @@ TEST(Document, PayloadsAreReadableByOrdinaryTools) {
   for (const auto& [entry, cipher] : modes) {
     const std::string payload = readFile(payloadFile(SeriOption(SeriOption::Aes, entry, 3)));
     writeFile(dir / "cipher", payload.substr(16));
-    ASSERT_EQ(
-        run(std::string("openssl enc -d -") + cipher + " -K " + key + " -iv " +
-            hex(payload.substr(0, 16)) + " -in " + (dir / "cipher").string() + " -out " + out),
-        0)
+    ASSERT_TRUE(testing_support::runCommand(std::string("openssl enc -d -") + cipher + " -K " +
+                                            key + " -iv " + hex(payload.substr(0, 16)) + " -in " +
+                                            (dir / "cipher").string() + " -out " + out))
         << cipher;
     EXPECT_EQ(readFile(out), json) << cipher;
   }
 
   // GCM (table entry 0): nonce(12), ciphertext, tag(16); openssl enc has no
   // AEAD modes, Node's crypto module does.
-  if (!haveTool("node")) GTEST_SKIP() << "node missing";
+  if (!testing_support::haveTool("node")) GTEST_SKIP() << "node missing";
   const std::string gcmFile = payloadFile(SeriOption(SeriOption::Aes, 0, 3));
   const std::string script =
       "const fs=require('fs'),c=require('crypto');const p=fs.readFileSync('" + gcmFile +
       "');const d=c.createDecipheriv('aes-128-gcm',Buffer.from('" + key +
       "','hex'),p.subarray(0,12));d.setAuthTag(p.subarray(p.length-16));fs.writeFileSync('" + out +
       "',Buffer.concat([d.update(p.subarray(12,p.length-16)),d.final()]));";
-  ASSERT_EQ(run("node -e \"" + script + "\""), 0);
+  ASSERT_TRUE(testing_support::runCommand("node -e \"" + script + "\""));
   EXPECT_EQ(readFile(out), json);
 }

@@ -11,20 +11,13 @@
 #include "support/testSupport.h"
 
 using namespace param;
+using testing_support::parsed;
 using testing_support::RecordingHandler;
 using utils::ErrorResponseType;
 using utils::JsonLoad;
 using utils::JsonSave;
 
-namespace {
-
-SeriObject parsed(const std::string& text) {
-  SeriObject o(JsonLoad::instance);
-  EXPECT_EQ(o.parser(text.data(), text.size()), 0u) << text;
-  return o;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 TEST(SeriNodes, ChildrenTakeTheInfoOfTheirParent) {
   SeriDocument doc(JsonSave::instance, ".cfg");

@@ -10,7 +10,7 @@
 #include <param/shape/calcUtil.h>
 #include <param/shape/rectF2ds.h>
 
-#include "shapeTestUtil.h"
+#include "support/testSupport.h"
 
 using param::CalcUtil;
 using param::Point2d;
@@ -123,7 +123,7 @@ TEST(CalcUtil, SegmentIntersectionCases) {
 }
 
 TEST(CalcUtil, SecantLineByRect) {
-  shape_test::LogCapture log;
+  testing_support::LogCapture log;
   auto clip = [&](Point2d a, Point2d b) {
     V pts;
     const std::size_t count = CalcUtil::secantLineByRect(a, b, Rect2d(0, 0, 10, 10), pts);
@@ -146,7 +146,8 @@ TEST(CalcUtil, SecantLineByRect) {
   EXPECT_TRUE(log.lines.empty());
   // Starting on the boundary and running away: one point, and a log line.
   EXPECT_EQ(clip({0, 5}, {-5, 5}), (V{{0, 5}}));
-  EXPECT_EQ(log.lines, std::vector<std::string>{"2 Param: the valid points size is error : 1"});
+  EXPECT_EQ(log.formatted(),
+            std::vector<std::string>{"2 Param: the valid points size is error : 1"});
 }
 
 TEST(RectF2ds, Merge) {

@@ -4,7 +4,7 @@
 
 #include <param/shape/contentBasePaths.h>
 
-#include "shapeTestUtil.h"
+#include "support/testSupport.h"
 
 using namespace param;
 

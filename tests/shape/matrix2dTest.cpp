@@ -8,7 +8,7 @@
 #include <param/seri/recordIo.h>
 #include <param/shape/matrix2d.h>
 
-#include "shapeTestUtil.h"
+#include "support/testSupport.h"
 
 using param::Matrix2d;
 using param::Point2d;
@@ -144,15 +144,15 @@ TEST(Matrix2d, SaveLoadAndRecordKey) {
   EXPECT_EQ(obj.stringfy(), R"({"m":[1,2.5,-3,4,5,6]})");
 
   M m = kBase;
-  ASSERT_EQ(m.load(shape_test::parse(R"({"m":[7,8,9]})"), "m"), 0u);
+  ASSERT_EQ(m.load(testing_support::parsed(R"({"m":[7,8,9]})"), "m"), 0u);
   expectElements(m, {7, 8, 9, 4, 5, 6});  // a short array overwrites a prefix
-  ASSERT_EQ(m.load(shape_test::parse(R"({"m":[1,1,1,1,1,1,9,9]})"), "m"), 0u);
+  ASSERT_EQ(m.load(testing_support::parsed(R"({"m":[1,1,1,1,1,1,9,9]})"), "m"), 0u);
   expectElements(m, {1, 1, 1, 1, 1, 1});
   m = kBase;
-  EXPECT_EQ(m.load(shape_test::parse(R"({"m":[0,0,"x",0]})"), "m"), utils::errc::wrongType);
+  EXPECT_EQ(m.load(testing_support::parsed(R"({"m":[0,0,"x",0]})"), "m"), utils::errc::wrongType);
   expectElements(m, {0, 0, 3, 4, 5, 6});  // entries before the bad one stay read
-  EXPECT_EQ(m.load(shape_test::parse(R"({"n":[0]})"), "m"), utils::errc::keyMissing);
-  EXPECT_EQ(m.load(shape_test::parse(R"({"m":{}})"), "m"), utils::errc::wrongType);
+  EXPECT_EQ(m.load(testing_support::parsed(R"({"n":[0]})"), "m"), utils::errc::keyMissing);
+  EXPECT_EQ(m.load(testing_support::parsed(R"({"m":{}})"), "m"), utils::errc::wrongType);
   expectElements(m, {0, 0, 3, 4, 5, 6});
 
   // As one key of a record, through the error-response step.
@@ -161,7 +161,7 @@ TEST(Matrix2d, SaveLoadAndRecordKey) {
   EXPECT_EQ(rec.stringfy(), R"({"id":3,"placement":[1,2,3,4,5,6]})");
   ASSERT_EQ(param::RecordLoader(rec)("placement", m).result(), 0u);
   EXPECT_EQ(m, kBase);
-  const auto bad = shape_test::parse(R"({"placement":"none"})");
+  const auto bad = testing_support::parsed(R"({"placement":"none"})");
   {
     utils::ScopedErrorHandler ignore(utils::ErrorResponseType::Ignore);
     EXPECT_EQ(param::RecordLoader(bad)("placement", m).result(), 0u);

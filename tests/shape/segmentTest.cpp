@@ -13,10 +13,10 @@
 #include <param/shape/segments/lineSegment.h>
 #include <param/shape/segments/nurbsSegment.h>
 
-#include "shapeTestUtil.h"
+#include "support/testSupport.h"
 
 using namespace param;
-using shape_test::parse;
+using testing_support::parsed;
 using utils::ErrorResponseType;
 using utils::ScopedErrorHandler;
 using Segments = std::vector<std::shared_ptr<SegmentBase>>;
@@ -105,21 +105,21 @@ TEST(Segments, LineAndArcLoadErrors) {
   LineSegment line({1, 1}, {2, 2});
   {
     ScopedErrorHandler ignore(ErrorResponseType::Ignore);
-    EXPECT_EQ(line.load(parse(R"({"start":{"x":5,"y":6}})")), 0u);
+    EXPECT_EQ(line.load(parsed(R"({"start":{"x":5,"y":6}})")), 0u);
     EXPECT_EQ(line, LineSegment({5, 6}, {2, 2}));  // the missing end is kept
   }
   ScopedErrorHandler abort(ErrorResponseType::Abort);
-  EXPECT_EQ(line.load(parse(R"({"start":{"x":0,"y":0}})")), utils::errc::keyMissing);
+  EXPECT_EQ(line.load(parsed(R"({"start":{"x":0,"y":0}})")), utils::errc::keyMissing);
 
   ArcSegment a = arc(ArcParamType::Bulge, {1, 1}, {2, 2}, {3, 3});
-  EXPECT_EQ(a.load(parse(R"({"type":2,"paramType":3,"start":{"x":5,"y":5}})")),
+  EXPECT_EQ(a.load(parsed(R"({"type":2,"paramType":3,"start":{"x":5,"y":5}})")),
             errc::badArcParamType);
   EXPECT_EQ(a, arc(ArcParamType::Bulge, {1, 1}, {2, 2}, {3, 3}));
 }
 
 TEST(Segments, CreateFromBadJsonGivesNoSegment) {
   ScopedErrorHandler abort(ErrorResponseType::Abort);
-  shape_test::LogCapture log;
+  testing_support::LogCapture log;
   for (const char* text : {
            R"({"type":9})",
            R"({"start":{"x":1,"y":2}})",
@@ -130,14 +130,14 @@ TEST(Segments, CreateFromBadJsonGivesNoSegment) {
            R"({"type":4,"degree":1,"controlPoints":[{"x":0}],"knots":[]})",
            R"({"type":5,"tension":"high","knots":[]})",
        }) {
-    EXPECT_FALSE(SegmentBase::createSegment(parse(text))) << text;
+    EXPECT_FALSE(SegmentBase::createSegment(parsed(text))) << text;
   }
-  EXPECT_EQ(log.lines, (std::vector<std::string>{"3 Param: unknown segment type: 9",
-                                                 "3 Param: unknown segment type: 0"}));
+  EXPECT_EQ(log.formatted(), (std::vector<std::string>{"3 Param: unknown segment type: 9",
+                                                       "3 Param: unknown segment type: 0"}));
 
   // When the handler lets it go on, the malformed key is skipped.
   ScopedErrorHandler ignore(ErrorResponseType::Ignore);
-  auto lenient = SegmentBase::createSegment(parse(R"({"type":1,"start":5,"end":{"x":3,"y":4}})"));
+  auto lenient = SegmentBase::createSegment(parsed(R"({"type":1,"start":5,"end":{"x":3,"y":4}})"));
   ASSERT_TRUE(lenient);
   EXPECT_EQ(*std::static_pointer_cast<LineSegment>(lenient), LineSegment({0, 0}, {3, 4}));
 }
@@ -146,7 +146,7 @@ TEST(Segments, BezierLoadRules) {
   CountingIgnore handler;
   BezierSegment b = cubic();
   // Without "degree" the point count decides.
-  ASSERT_EQ(b.load(parse(R"({"type":3,"points":[[0,0],[1,1],[2,0]]})")), 0u);
+  ASSERT_EQ(b.load(parsed(R"({"type":3,"points":[[0,0],[1,1],[2,0]]})")), 0u);
   EXPECT_EQ(b.degree, 2u);
   EXPECT_EQ(b.lastPoint(), Point2d(2, 0));
   EXPECT_EQ(b.points[3], Point2d(4, 0));  // beyond the degree: kept
@@ -159,17 +159,17 @@ TEST(Segments, BezierLoadRules) {
            R"({"points":[[0,0],[0,0],[0,0],[0,0],[0,0]]})",
            R"({})",
        }) {
-    EXPECT_EQ(b.load(parse(text)), errc::badFormat) << text;
+    EXPECT_EQ(b.load(parsed(text)), errc::badFormat) << text;
   }
   // "degree" read but "points" missing: skipped, nothing changes.
   handler.raised = 0;
-  EXPECT_EQ(b.load(parse(R"({"degree":1})")), 0u);
+  EXPECT_EQ(b.load(parsed(R"({"degree":1})")), 0u);
   EXPECT_EQ(handler.raised, 1u);
   EXPECT_EQ(b, cubic());
 
   // Bad coordinates and entries keep their values; short entries fill a prefix.
   handler.raised = 0;
-  ASSERT_EQ(b.load(parse(R"({"degree":3,"points":[["a",5],[7],9,[8,8,8]]})")), 0u);
+  ASSERT_EQ(b.load(parsed(R"({"degree":3,"points":[["a",5],[7],9,[8,8,8]]})")), 0u);
   EXPECT_EQ(handler.raised, 2u);
   EXPECT_EQ(b, BezierSegment(3, {0, 5}, {7, 2}, {3, 2}, {8, 8}));
 }
@@ -211,18 +211,18 @@ TEST(Segments, PointListsAreReadAllOrNothing) {
   CountingIgnore handler;
   NURBSSegment n = nurbsOf(0, {{9, 9}}, {});
   n.flag = false;
-  EXPECT_EQ(n.load(parse(R"({"degree":2,"controlPoints":[{"x":0,"y":0},{"x":"a","y":1}],)"
-                         R"("knots":[0,1]})")),
+  EXPECT_EQ(n.load(parsed(R"({"degree":2,"controlPoints":[{"x":0,"y":0},{"x":"a","y":1}],)"
+                          R"("knots":[0,1]})")),
             0u);
   EXPECT_EQ(handler.raised, 1u);  // once for the list, not per coordinate
   NURBSSegment expected = nurbsOf(2, {{9, 9}}, {0, 1});
   expected.flag = false;
   EXPECT_EQ(n, expected);
-  ASSERT_EQ(n.load(parse(R"({"controlPoints":[{"x":1,"y":2}],"knots":[0,"x"]})")), 0u);
+  ASSERT_EQ(n.load(parsed(R"({"controlPoints":[{"x":1,"y":2}],"knots":[0,"x"]})")), 0u);
   EXPECT_EQ(n, nurbsOf(2, {{1, 2}}, {0, 1}));  // the flag is set back to true
 
   CardinalSplineSegment s = splineOf(0, {{9, 9}});
-  EXPECT_EQ(s.load(parse(R"({"tension":0.25,"knots":[{"x":1,"y":1},3]})")), 0u);
+  EXPECT_EQ(s.load(parsed(R"({"tension":0.25,"knots":[{"x":1,"y":1},3]})")), 0u);
   EXPECT_EQ(s.tension, 0.25);
   EXPECT_EQ(s.knots, (std::vector<Point2d>{{9, 9}}));
 }
@@ -243,7 +243,7 @@ TEST(Segments, PathOfEveryKindRoundTrips) {
 
   ScopedErrorHandler abort(ErrorResponseType::Abort);
   Segments loaded;
-  ASSERT_EQ(RecordLoader(parse(out.stringfy().c_str()))("segments", loaded).result(), 0u);
+  ASSERT_EQ(RecordLoader(parsed(out.stringfy().c_str()))("segments", loaded).result(), 0u);
   ASSERT_EQ(loaded.size(), path.size());
   for (std::size_t i = 0; i < path.size(); ++i) {
     const SegmentBase &a = *path[i], &b = *loaded.at(i);
@@ -254,8 +254,8 @@ TEST(Segments, PathOfEveryKindRoundTrips) {
   }
 
   // One segment of an unknown kind fails the list, which is left as it was.
-  const auto bad = parse(R"({"segments":[{"type":1,"start":{"x":0,"y":0},)"
-                         R"("end":{"x":0,"y":0}},{"type":8}]})");
+  const auto bad = parsed(R"({"segments":[{"type":1,"start":{"x":0,"y":0},)"
+                          R"("end":{"x":0,"y":0}},{"type":8}]})");
   EXPECT_EQ(RecordLoader(bad)("segments", loaded).result(), errc::badFormat);
   EXPECT_EQ(loaded.size(), path.size());
   EXPECT_EQ(RecordSaver(out)("nulls", Segments{nullptr}).result(), errc::badFormat);

@@ -2,6 +2,8 @@
 
 // Helpers shared by the test programs.
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -10,6 +12,8 @@
 #include <utils/error.h>
 #include <utils/errorHandle.h>
 #include <utils/logger.h>
+
+#include <param/seri/seriObject.h>
 
 namespace testing_support {
 
@@ -23,6 +27,8 @@ class RecordingHandler {
           allowedSets.push_back(allowed);
           return answer;
         }) {}
+
+  std::size_t calls() const { return codes.size(); }
 
   std::vector<utils::SdkError> codes;
   std::vector<unsigned> allowedSets;
@@ -49,6 +55,15 @@ class LogCapture {
   ~LogCapture() { utils::Logger::setSink(std::move(previous_)); }
   LogCapture(const LogCapture&) = delete;
   LogCapture& operator=(const LogCapture&) = delete;
+
+  // Each line as "<level> <tag>: <text>".
+  std::vector<std::string> formatted() const {
+    std::vector<std::string> out;
+    for (const auto& l : lines) {
+      out.push_back(std::to_string(static_cast<int>(l.level)) + " " + l.tag + ": " + l.text);
+    }
+    return out;
+  }
 
   bool contains(std::string_view text) const {
     for (const auto& l : lines) {
@@ -83,4 +98,56 @@ class TempDir {
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
+// `count` pseudo-random bytes, the same for the same seed.
+std::string randomBytes(std::size_t count, unsigned seed);
+
+// Runs a shell command (its error output dropped); true when it exits with 0.
+bool runCommand(const std::string& command);
+// Whether a program is on the PATH.
+bool haveTool(const std::string& name);
+
+// A node holding the parsed JSON `text`, which must parse.
+param::SeriObject parsed(std::string_view text);
+
+// `text` with the first occurrence of `from` replaced by `to`.
+std::string edit(std::string text, const std::string& from, const std::string& to);
+
+// The compact JSON text a record saves.
+template <class R>
+std::string jsonOf(const R& record) {
+  param::SeriObject obj(utils::JsonSave::instance);
+  EXPECT_EQ(record.save(obj), 0u);
+  return obj.stringfy();
+}
+
+// The keys a record saves, in their stored order.
+template <class R>
+std::vector<std::string> savedKeys(const R& record) {
+  param::SeriObject obj(utils::JsonSave::instance);
+  EXPECT_EQ(record.save(obj), 0u);
+  return obj.keys();
+}
+
+// The same keys joined by commas.
+template <class R>
+std::string keyLine(const R& record) {
+  std::string line;
+  for (const std::string& key : savedKeys(record))
+    line += (line.empty() ? "" : ",") + key;
+  return line;
+}
+
+// Loads `record` from JSON text (which must parse).
+template <class R>
+utils::SdkError loadJson(R& record, std::string_view text) {
+  return record.load(parsed(text));
+}
+
 }  // namespace testing_support
+
+// Both coordinates of a point within 1e-9 of (ex, ey).
+#define EXPECT_POINT_NEAR(p, ex, ey) \
+  do {                               \
+    EXPECT_NEAR((p).x, (ex), 1e-9);  \
+    EXPECT_NEAR((p).y, (ey), 1e-9);  \
+  } while (0)

@@ -9,13 +9,13 @@
 #include <utils/algorithm/lzma.h>
 #include <utils/algorithm/xor.h>
 
-#include "scratch.h"
+#include "support/testSupport.h"
 
 namespace alg = utils::algorithm;
 namespace errc = utils::errc;
 using Mode = alg::AESAlgorithm;
+using testing_support::randomBytes;
 using utils::SdkError;
-using utils_test::randomBytes;
 
 namespace {
 
@@ -182,26 +182,27 @@ TEST(Codecs, DecodeLimitRefusesLargerOutput) {
 }
 
 TEST(Codecs, StandardToolsReadWhatTheyWrite) {
-  if (!utils_test::run("command -v base64 >/dev/null && command -v xz >/dev/null && command -v "
-                       "openssl >/dev/null")) {
+  if (!testing_support::runCommand(
+          "command -v base64 >/dev/null && command -v xz >/dev/null && command -v "
+          "openssl >/dev/null")) {
     GTEST_SKIP() << "base64, xz or openssl is not installed";
   }
-  utils_test::ScratchDir dir;
+  testing_support::TempDir dir;
   const std::string plain = randomBytes(777, 11), in = dir / "in", out = dir / "out";
-  utils_test::writeFile(in, b64(plain));
-  EXPECT_TRUE(utils_test::run("base64 -d < " + in + " > " + out));
-  EXPECT_EQ(utils_test::readFile(out), plain);
-  utils_test::writeFile(in, xz(plain));
-  EXPECT_TRUE(utils_test::run("xz -d -c < " + in + " > " + out));
-  EXPECT_EQ(utils_test::readFile(out), plain);
+  testing_support::writeFile(in, b64(plain));
+  EXPECT_TRUE(testing_support::runCommand("base64 -d < " + in + " > " + out));
+  EXPECT_EQ(testing_support::readFile(out), plain);
+  testing_support::writeFile(in, xz(plain));
+  EXPECT_TRUE(testing_support::runCommand("xz -d -c < " + in + " > " + out));
+  EXPECT_EQ(testing_support::readFile(out), plain);
   for (const auto& [mode, name] :
        {std::pair{Mode::CBC, "cbc"}, {Mode::CTR, "ctr"}, {Mode::CFB, "cfb"}}) {
     const std::string payload = enc(mode, plain);
-    utils_test::writeFile(in, payload.substr(16));
+    testing_support::writeFile(in, payload.substr(16));
     const std::string key(reinterpret_cast<const char*>(kKey), 16);
-    EXPECT_TRUE(utils_test::run(std::string("openssl enc -d -aes-128-") + name + " -K " + hex(key) +
-                                " -iv " + hex(payload.substr(0, 16)) + " -in " + in + " -out " +
-                                out));
-    EXPECT_EQ(utils_test::readFile(out), plain) << name;
+    EXPECT_TRUE(testing_support::runCommand(
+        std::string("openssl enc -d -aes-128-") + name + " -K " + hex(key) + " -iv " +
+        hex(payload.substr(0, 16)) + " -in " + in + " -out " + out));
+    EXPECT_EQ(testing_support::readFile(out), plain) << name;
   }
 }

@@ -9,13 +9,13 @@
 #include <utils/mmfile.h>
 #include <utils/path.h>
 
-#include "scratch.h"
+#include "support/testSupport.h"
 
 namespace errc = utils::errc;
+using testing_support::readFile;
+using testing_support::writeFile;
 using utils::ro_mmfile;
 using utils::wo_mmfile;
-using utils_test::readFile;
-using utils_test::writeFile;
 
 namespace {
 std::string text(const ro_mmfile& map) {
@@ -24,8 +24,8 @@ std::string text(const ro_mmfile& map) {
 }  // namespace
 
 TEST(MmFile, ReadsBackWhatWasWrittenAtAnyOffset) {
-  utils_test::ScratchDir dir;
-  const std::string bytes = utils_test::randomBytes(3 * 4096 + 123, 1), f = dir / "f";
+  testing_support::TempDir dir;
+  const std::string bytes = testing_support::randomBytes(3 * 4096 + 123, 1), f = dir / "f";
   {
     wo_mmfile out(f, bytes.size());
     EXPECT_EQ(out.write(0, bytes.data(), 5000), 0u);
@@ -49,7 +49,7 @@ TEST(MmFile, ReadsBackWhatWasWrittenAtAnyOffset) {
 }
 
 TEST(MmFile, EmptyMissingAndUnreadableFiles) {
-  utils_test::ScratchDir dir;
+  testing_support::TempDir dir;
   wo_mmfile empty(dir / "empty", 0);
   EXPECT_EQ(empty.write(0, "x", 0), 0u);
   EXPECT_EQ(empty.write(0, "x", 1), errc::writeOutOfBounds);
@@ -68,7 +68,7 @@ TEST(MmFile, EmptyMissingAndUnreadableFiles) {
 }
 
 TEST(MmFile, WritesStayInBoundsAndMovesTransferOwnership) {
-  utils_test::ScratchDir dir;
+  testing_support::TempDir dir;
   writeFile(dir / "f", std::string(100, 'o'));
   wo_mmfile out(dir / "f", 16);  // truncates the old content
   EXPECT_EQ(out.write(10, "abcdef", 6), 0u);
@@ -96,7 +96,7 @@ TEST(Path, ExtensionFilenameAndRename) {
   EXPECT_EQ(utils::path("a/b/params.cfg").getExtensionA(), ".cfg");
   EXPECT_EQ(utils::path("a/b/params").getExtensionA(), "");
   EXPECT_EQ(utils::path("a/b/params.cfg").replaceFilename("x.tmp"), utils::path("a/b/x.tmp"));
-  utils_test::ScratchDir dir;
+  testing_support::TempDir dir;
   writeFile(dir / "new", "new content");
   writeFile(dir / "old", "old");
   EXPECT_EQ(utils::path::rename(dir / "new", dir / "old"), 0u);
