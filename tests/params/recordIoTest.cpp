@@ -132,15 +132,6 @@ TEST(RecordIo, ListsAreReplacedOnlyWhenEveryElementReads) {
   EXPECT_EQ(s.steps[0].stepDelay, 1u);
 }
 
-TEST(RecordIo, CharacterArraysAreCutNotRefused) {
-  Sample s;
-  ASSERT_EQ(s.load(parsed(R"({"name":"abcdefghij"})")), 0u);
-  EXPECT_STREQ(s.name, "abcdefg");
-  EXPECT_EQ(jsonOf(s).find(R"("name":"abcdefg")") != std::string::npos, true);
-  ASSERT_EQ(s.load(parsed(R"({"name":""})")), 0u);
-  EXPECT_STREQ(s.name, "");
-}
-
 TEST(RecordIo, AbortStopsAtTheFailingKeyAndEachLevelRaisesIt) {
   {
     RecordingHandler handler(ErrorResponseType::Abort);
