@@ -51,11 +51,7 @@ SdkError keys(auto&& io, RecordOf<LaserParamUV> auto& r) {
   return io.result();
 }
 
-// The fiber and MOPA sources share one key list.
-template <class R>
-concept FiberLike = RecordOf<R, LaserParamFiber> || RecordOf<R, LaserParamMopa>;
-
-SdkError keys(auto&& io, FiberLike auto& r) {
+SdkError keys(auto&& io, RecordOf<LaserParamFiber> auto& r) {
   io("powerMap", r.powerMap);
   io("leakType", r.leakType);
   io("moOnTime", r.moOnTime);
@@ -109,7 +105,6 @@ PARAM_RECORD_IO(LaserParamCO2)
 PARAM_RECORD_IO(LaserParamYAG)
 PARAM_RECORD_IO(LaserParamUV)
 PARAM_RECORD_IO(LaserParamFiber)
-PARAM_RECORD_IO(LaserParamMopa)
 PARAM_RECORD_IO(LaserParamQCW)
 PARAM_RECORD_IO(LaserParamWeldYAG)
 PARAM_RECORD_IO(LaserCheckParam)

@@ -86,17 +86,9 @@ struct PARAM_API LaserParamFiber {
   SdkError save(SeriObject& obj) const;
 };
 
-// MOPA fiber source ("mopaPar"): the same settings as the fiber source, kept
-// separately.
-struct PARAM_API LaserParamMopa {
-  PowerMap powerMap = kIdentityPowerMap;
-  std::int32_t leakType = 0;
-  std::int32_t moOnTime = 8000;
-  std::int32_t moOffTime = 0;
-
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
-};
+// MOPA fiber source ("mopaPar"): the same settings, keys and behaviour as the
+// fiber source, kept separately so that switching sources keeps both.
+struct PARAM_API LaserParamMopa : LaserParamFiber {};
 
 // Quasi-continuous-wave source with two outputs ("qcwPar"). Members are in
 // memory order; the keys are saved in another order (daLeakType right after
