@@ -81,6 +81,12 @@ TEST_F(Managers, LifeCycleAndItsLogLines) {
   param::unload();
   EXPECT_EQ(DefaultParamMgr::instance(), nullptr);
   EXPECT_TRUE(mgr->contains("struct FillLayerParam"));
+
+  // A load after unload starts afresh with its own path.
+  ASSERT_EQ(param::load({dir / "other.cfg"}), 0u);
+  EXPECT_NE(DefaultParamMgr::instance(), mgr);
+  EXPECT_EQ(DefaultParamMgr::storeDefault("struct FillLayerParam", layer), 0u);
+  EXPECT_TRUE(fs::exists(dir / "other.cfg"));
 }
 
 TEST_F(Managers, StoredDefaultsSurviveARestartAndShapeNewRecords) {
