@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utils/geometry.h>
-
 #include <param/shape/calcUtil.h>
 #include <param/shape/rectF2ds.h>
 
@@ -17,29 +15,25 @@ using param::Point2d;
 using param::Rect2d;
 using utils::PointLinePosition;
 using V = std::vector<Point2d>;
-namespace g = utils::_impl;
 constexpr double kPi = std::numbers::pi;
 
 TEST(CalcUtil, MeasuresAgainstHandComputedResults) {
-  EXPECT_DOUBLE_EQ(g::distancePtToSegSmooth(0, 0, 10, 0, 13, 4), 5.0);  // past the end
-  EXPECT_DOUBLE_EQ(g::distancePtToSegSmooth(2, 2, 2, 2, 5, 6), 5.0);    // zero length
-  EXPECT_DOUBLE_EQ(g::radianOf3Point(1, 0, 0, 0, -1, 0), kPi);
-  EXPECT_TRUE(std::isinf(g::slopeByTwoPoints(1, 0, 1, 5, 1e-8)));
-  EXPECT_DOUBLE_EQ(g::calcAngleBySides(1, 1, 1), kPi / 3);
-  EXPECT_EQ(g::pointLinePosition(0, 0, 1, 0, 0, -1, 1e-6), PointLinePosition::Right);
-  EXPECT_EQ(g::pointLinePosition(0, 0, 1, 0, 5, 0, 1e-6), PointLinePosition::OnLine);
-
   EXPECT_EQ(CalcUtil::getMidPoint({1, 2}, {3, 6}), Point2d(2, 4));
   // Coordinates are widened before subtracting: INT_MAX - INT_MIN does not overflow.
   EXPECT_DOUBLE_EQ(CalcUtil::distance(param::Point2dConcept<int>(INT_MAX, 0),
                                       param::Point2dConcept<int>(INT_MIN, 0)),
                    4294967295.0);
   EXPECT_DOUBLE_EQ(CalcUtil::distanceSmooth({0, 0}, {-3, 4}), 5.0);
-  EXPECT_DOUBLE_EQ(CalcUtil::distancePtToSegSmooth({0, 0}, {10, 0}, {4, -2}), 2.0);
+  EXPECT_DOUBLE_EQ(CalcUtil::distancePtToSegSmooth({0, 0}, {10, 0}, {13, 4}), 5.0);  // past the end
+  EXPECT_DOUBLE_EQ(CalcUtil::distancePtToSegSmooth({2, 2}, {2, 2}, {5, 6}), 5.0);    // zero length
   EXPECT_DOUBLE_EQ(CalcUtil::lineAngleX({1, 1}, {1, 3}), 90.0);
   EXPECT_DOUBLE_EQ(CalcUtil::lineSlope({1, 1}, {3, 2}), 0.5);
-  EXPECT_DOUBLE_EQ(CalcUtil::radianOf3Point({2, 0}, {0, 0}, {1, 1}), kPi / 4);
+  EXPECT_TRUE(std::isinf(CalcUtil::lineSlope({1, 0}, {1, 5})));
+  EXPECT_DOUBLE_EQ(CalcUtil::calcAngleBySide(1, 1, 1), kPi / 3);
+  EXPECT_DOUBLE_EQ(CalcUtil::radianOf3Point({1, 1}, {0, 0}, {2, 0}), kPi / 4);
   EXPECT_EQ(CalcUtil::pointAtLineLeftRight({0, 0}, {1, 0}, {0, 2}), PointLinePosition::Left);
+  EXPECT_EQ(CalcUtil::pointAtLineLeftRight({0, 0}, {1, 0}, {0, -1}), PointLinePosition::Right);
+  EXPECT_EQ(CalcUtil::pointAtLineLeftRight({0, 0}, {1, 0}, {5, 0}), PointLinePosition::OnLine);
   EXPECT_EQ(CalcUtil::normalPnt({5, -5}, 4, 2), Point2d(2, -1));
 
   Point2d centre(9, 9);
@@ -49,8 +43,7 @@ TEST(CalcUtil, MeasuresAgainstHandComputedResults) {
   EXPECT_DOUBLE_EQ(radius, std::sqrt(5.0));
   radius = 9;
   EXPECT_FALSE(CalcUtil::getCircleFrom3P({0, 0}, {1, 1}, {2, 2}, centre, radius));
-  EXPECT_EQ(centre, Point2d(0, 0));  // written even without a circle
-  EXPECT_EQ(radius, 9);
+  EXPECT_TRUE(centre == Point2d(0, 0) && radius == 9);  // the centre is written all the same
 }
 
 TEST(CalcUtil, OrientationAndOnSegment) {
@@ -125,9 +118,9 @@ TEST(CalcUtil, SecantLineByRect) {
   // Through two edges, ordered along the segment whichever way it runs.
   EXPECT_EQ(clip({-5, 5}, {15, 5}), (V{{0, 5}, {10, 5}}));
   EXPECT_EQ(clip({15, 5}, {-5, 5}), (V{{10, 5}, {0, 5}}));
+  EXPECT_EQ(clip({5, -5}, {5, 15}), (V{{5, 0}, {5, 10}}));
   // Through two corners: four crossings, duplicates of the first removed.
   EXPECT_EQ(clip({-1, 11}, {11, -1}), (V{{0, 10}, {10, 0}}));
-  EXPECT_EQ(clip({11, -1}, {-1, 11}), (V{{10, 0}, {0, 10}}));
   // One end inside; an end on the boundary counts as inside.
   EXPECT_EQ(clip({5, 5}, {15, 5}), (V{{5, 5}, {10, 5}}));
   EXPECT_EQ(clip({5, -5}, {5, 5}), (V{{5, 0}, {5, 5}}));

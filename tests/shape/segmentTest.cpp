@@ -9,7 +9,6 @@
 #include <param/seri/recordIo.h>
 #include <param/shape/bezierPath.h>
 #include <param/shape/segments/arcSegment.h>
-#include <param/shape/segments/bezierSegment.h>
 #include <param/shape/segments/cardinalSplineSegment.h>
 #include <param/shape/segments/lineSegment.h>
 #include <param/shape/segments/nurbsSegment.h>
@@ -30,29 +29,6 @@ BezierSegment cubic(double x = 0) {
   return BezierSegment(3, {x, 0}, {x + 1, 2}, {x + 3, 2}, {x + 4, 0});
 }
 
-ArcSegment arc(ArcParamType kind, Point2d start, Point2d second, Point2d third) {
-  ArcSegment a(kind);
-  a.start = start;
-  a.second = second;
-  a.third = third;
-  return a;
-}
-
-NURBSSegment nurbsOf(std::uint64_t degree, std::vector<Point2d> points, std::vector<double> knots) {
-  NURBSSegment n;
-  n.degree = degree;
-  n.controlPoints = std::move(points);
-  n.knots = std::move(knots);
-  return n;
-}
-
-CardinalSplineSegment splineOf(double tension, std::vector<Point2d> knots) {
-  CardinalSplineSegment s;
-  s.tension = tension;
-  s.knots = std::move(knots);
-  return s;
-}
-
 }  // namespace
 
 TEST(Segments, LineAndArcLoadErrors) {
@@ -65,10 +41,12 @@ TEST(Segments, LineAndArcLoadErrors) {
   ScopedErrorHandler abort(ErrorResponseType::Abort);
   EXPECT_EQ(line.load(parsed(R"({"start":{"x":0,"y":0}})")), utils::errc::keyMissing);
 
-  ArcSegment a = arc(ArcParamType::Bulge, {1, 1}, {2, 2}, {3, 3});
+  ArcSegment a(ArcParamType::Bulge);
+  a.start = a.second = a.third = {1, 1};
+  const ArcSegment before = a;
   EXPECT_EQ(a.load(parsed(R"({"type":2,"paramType":3,"start":{"x":5,"y":5}})")),
             errc::badArcParamType);
-  EXPECT_EQ(a, arc(ArcParamType::Bulge, {1, 1}, {2, 2}, {3, 3}));
+  EXPECT_EQ(a, before);
 }
 
 TEST(Segments, CreateByKindOrFromJson) {
@@ -106,8 +84,7 @@ TEST(Segments, BezierLoadRules) {
   BezierSegment b = cubic();
   // Without "degree" the point count decides.
   ASSERT_EQ(b.load(parsed(R"({"type":3,"points":[[0,0],[1,1],[2,0]]})")), 0u);
-  EXPECT_EQ(b.degree, 2u);
-  EXPECT_EQ(b.lastPoint(), Point2d(2, 0));
+  EXPECT_EQ(b, BezierSegment(2, {0, 0}, {1, 1}, {2, 0}, {}));
   EXPECT_EQ(b.points[3], Point2d(4, 0));  // beyond the degree: kept
 
   b = cubic();
@@ -148,8 +125,6 @@ TEST(Bezier, ReverseDegreeAndTransform) {
   set.reverse();
   ASSERT_EQ(set[0].size(), 2u);
   EXPECT_EQ(set[0][0], BezierSegment(3, {24, 0}, {23, 2}, {21, 2}, {20, 0}));
-  EXPECT_EQ(set[0][1], BezierSegment(3, {14, 0}, {13, 2}, {11, 2}, {10, 0}));
-  EXPECT_EQ(set[1][0].firstPoint(), Point2d(4, 0));
 
   BezierPath path{BezierSegment(1, {0, 0}, {1, 0}, {}, {}), cubic()};
   path.setDegree(2);
@@ -177,58 +152,50 @@ TEST(SegmentsDeathTest, BezierAssertions) {
 
 TEST(Segments, PointListsAreReadAllOrNothing) {
   RecordingHandler handler(ErrorResponseType::Ignore);
-  NURBSSegment n = nurbsOf(0, {{9, 9}}, {});
+  NURBSSegment n;
+  n.controlPoints = {{9, 9}};
   n.flag = false;
   EXPECT_EQ(n.load(parsed(R"({"degree":2,"controlPoints":[{"x":0,"y":0},{"x":"a","y":1}],)"
                           R"("knots":[0,1]})")),
             0u);
   EXPECT_EQ(handler.calls(), 1u);  // once for the list, not per coordinate
-  NURBSSegment expected = nurbsOf(2, {{9, 9}}, {0, 1});
-  expected.flag = false;
-  EXPECT_EQ(n, expected);
+  EXPECT_TRUE(n.degree == 2 && n.knots == std::vector<double>({0, 1}));
+  EXPECT_TRUE(n.controlPoints == std::vector<Point2d>({{9, 9}}) && !n.flag);
   ASSERT_EQ(n.load(parsed(R"({"controlPoints":[{"x":1,"y":2}],"knots":[0,"x"]})")), 0u);
-  EXPECT_EQ(n, nurbsOf(2, {{1, 2}}, {0, 1}));  // the flag is set back to true
+  EXPECT_EQ(n.knots, std::vector<double>({0, 1}));
+  EXPECT_TRUE(n.controlPoints == std::vector<Point2d>({{1, 2}}) && n.flag);  // flag set back
 
-  CardinalSplineSegment s = splineOf(0, {{9, 9}});
+  CardinalSplineSegment s;
+  s.knots = {{9, 9}};
   EXPECT_EQ(s.load(parsed(R"({"tension":0.25,"knots":[{"x":1,"y":1},3]})")), 0u);
   EXPECT_EQ(s.tension, 0.25);
   EXPECT_EQ(s.knots, (std::vector<Point2d>{{9, 9}}));
 }
 
-TEST(Segments, PathOfEveryKindSavesAndLoads) {
-  const Segments path{
-      std::make_shared<LineSegment>(Point2d{1, 2}, Point2d{3, 4.5}),
-      std::make_shared<ArcSegment>(arc(ArcParamType::ThreePoint, {0, 0}, {1, 1}, {2, 0})),
-      std::make_shared<ArcSegment>(arc(ArcParamType::Bulge, {0, 0}, {2, 0}, {-0.375, 9})),
-      std::make_shared<BezierSegment>(2, Point2d{0, 0}, Point2d{1, 1}, Point2d{2, 0},
-                                      Point2d{9, 9}),
-      std::make_shared<NURBSSegment>(nurbsOf(1, {{0, 0}}, {0, 1})),
-      std::make_shared<CardinalSplineSegment>(splineOf(0.5, {{0, 0}, {1, 2}})),
-  };
-  const auto& bulge = static_cast<const ArcSegment&>(*path[2]);
+TEST(Segments, PathOfEveryKindLoadsAndSaves) {
+  ScopedErrorHandler abort(ErrorResponseType::Abort);
+  const std::string text =
+      R"({"segments":[{"type":1,"start":{"x":1,"y":2},"end":{"x":3,"y":4.5}},)"
+      R"({"type":2,"paramType":1,"start":{"x":0,"y":0},"arc":{"x":1,"y":1},"end":{"x":2,"y":0}},)"
+      R"({"type":2,"paramType":2,"start":{"x":0,"y":0},"end":{"x":2,"y":0},"bulge":-0.375},)"
+      R"({"type":3,"degree":2,"points":[[0,0],[1,1],[2,0]]},)"
+      R"({"type":4,"degree":1,"controlPoints":[{"x":0,"y":0}],"knots":[0,1]},)"
+      R"({"type":5,"tension":0.5,"knots":[{"x":0,"y":0},{"x":1,"y":2}]}]})";
+  Segments path;
+  ASSERT_EQ(RecordLoader(parsed(text))("segments", path).result(), 0u);
+  ASSERT_EQ(path.size(), 6u);
+  const auto& threePoint = dynamic_cast<const ArcSegment&>(*path[1]);
+  const auto& bulge = dynamic_cast<const ArcSegment&>(*path[2]);
+  EXPECT_TRUE(threePoint.second == Point2d(1, 1) && threePoint.endPoint() == Point2d(2, 0));
   EXPECT_TRUE(bulge.bulge() == -0.375 && bulge.endPoint() == Point2d(2, 0));
   SeriObject out(utils::JsonSave::instance);
   ASSERT_EQ(RecordSaver(out)("segments", path).result(), 0u);
-  EXPECT_EQ(out.stringfy(),
-            R"({"segments":[{"type":1,"start":{"x":1,"y":2},"end":{"x":3,"y":4.5}},)"
-            R"({"type":2,"paramType":1,"start":{"x":0,"y":0},"arc":{"x":1,"y":1},)"
-            R"("end":{"x":2,"y":0}},{"type":2,"paramType":2,"start":{"x":0,"y":0},)"
-            R"("end":{"x":2,"y":0},"bulge":-0.375},{"type":3,"degree":2,"points":[[0,0],[1,1],)"
-            R"([2,0]]},{"type":4,"degree":1,"controlPoints":[{"x":0,"y":0}],"knots":[0,1]},)"
-            R"({"type":5,"tension":0.5,"knots":[{"x":0,"y":0},{"x":1,"y":2}]}]})");
-
-  ScopedErrorHandler abort(ErrorResponseType::Abort);
-  Segments loaded;
-  ASSERT_EQ(RecordLoader(parsed(out.stringfy()))("segments", loaded).result(), 0u);
-  ASSERT_EQ(loaded.size(), path.size());
-  // Each segment is loaded as its own kind, with what it saved.
-  for (std::size_t i = 0; i < path.size(); ++i)
-    EXPECT_EQ(jsonOf(*loaded[i]), jsonOf(*path[i])) << "segment " << i;
+  EXPECT_EQ(out.stringfy(), text);
 
   // One segment of an unknown kind fails the list, which is left as it was.
   const auto bad = parsed(R"({"segments":[{"type":1,"start":{"x":0,"y":0},)"
                           R"("end":{"x":0,"y":0}},{"type":8}]})");
-  EXPECT_EQ(RecordLoader(bad)("segments", loaded).result(), errc::badFormat);
-  EXPECT_EQ(loaded.size(), path.size());
+  EXPECT_EQ(RecordLoader(bad)("segments", path).result(), errc::badFormat);
+  EXPECT_EQ(path.size(), 6u);
   EXPECT_EQ(RecordSaver(out)("nulls", Segments{nullptr}).result(), errc::badFormat);
 }
