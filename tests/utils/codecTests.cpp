@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <cstdint>
-#include <string>
+#include <tuple>
+#include <utility>
 
 #include <utils/algorithm/aes.h>
 #include <utils/algorithm/base64.h>
@@ -14,44 +13,44 @@
 namespace alg = utils::algorithm;
 namespace errc = utils::errc;
 using Mode = alg::AESAlgorithm;
-using testing_support::randomBytes;
-using utils::SdkError;
+using S = std::string;
+using Result = std::pair<utils::SdkError, S>;
+using namespace testing_support;
 
 namespace {
 
 const std::uint8_t kKey[16] = {0x2b, 0x7e, 0x15, 0x16, 0x28, 0xae, 0xd2, 0xa6,
                                0xab, 0xf7, 0x15, 0x88, 0x09, 0xcf, 0x4f, 0x3c};
+// The codecs, with AES in the modes of kModes.
+enum Codec { kBase64, kXz, kXor, kCbc, kCtr, kGcm, kCfb, kCodecs };
 const Mode kModes[] = {Mode::CBC, Mode::CTR, Mode::GCM, Mode::CFB};
 
-std::string b64(const std::string& bytes) {
-  std::string out;
-  alg::base64::encode(bytes.data(), bytes.size(), out);
+// An encoding that must succeed.
+S encode(int codec, const S& in) {
+  S out;
+  utils::SdkError e = 0;
+  if (codec == kBase64) alg::base64::encode(in.data(), in.size(), out);
+  if (codec == kXz) e = alg::lzma::compress(in.data(), in.size(), out);
+  if (codec == kXor) alg::XOR::encode(in.data(), in.size(), kKey, 16, out);
+  if (codec >= kCbc)
+    e = alg::aes::encrypt(kModes[codec - kCbc], in.data(), in.size(), kKey, 16, out);
+  EXPECT_EQ(e, 0u);
   return out;
 }
-SdkError unb64(const std::string& text, std::string& out) {
-  return alg::base64::decode(text.data(), text.size(), out);
+
+// The code and the output of decoding `in`; an output left alone reads "stale".
+Result decode(int codec, const S& in) {
+  S out = "stale";
+  if (codec == kBase64) return {alg::base64::decode(in.data(), in.size(), out), out};
+  if (codec == kXz) return {alg::lzma::decompress(in.data(), in.size(), out), out};
+  if (codec == kXor) return {(alg::XOR::decode(in.data(), in.size(), kKey, 16, out), 0u), out};
+  return {alg::aes::decrypt(kModes[codec - kCbc], in.data(), in.size(), kKey, 16, out), out};
 }
-std::string xz(const std::string& bytes) {
-  std::string out;
-  EXPECT_EQ(alg::lzma::compress(bytes.data(), bytes.size(), out), 0u);
-  return out;
-}
-SdkError unxz(const std::string& payload, std::string& out) {
-  return alg::lzma::decompress(payload.data(), payload.size(), out);
-}
-std::string enc(Mode mode, const std::string& plain) {
-  std::string out;
-  EXPECT_EQ(alg::aes::encrypt(mode, plain.data(), plain.size(), kKey, 16, out), 0u);
-  return out;
-}
-SdkError dec(Mode mode, const std::string& payload, std::string& out) {
-  return alg::aes::decrypt(mode, payload.data(), payload.size(), kKey, 16, out);
-}
-std::string hex(const std::string& bytes) {
-  std::string out;
-  for (unsigned char b : bytes)
-    out += "0123456789abcdef"[b >> 4], out += "0123456789abcdef"[b & 15];
-  return out;
+
+// `bytes` with one bit inverted.
+S flip(S bytes, std::size_t bit) {
+  bytes.at(bit / 8) ^= static_cast<char>(1 << bit % 8);
+  return bytes;
 }
 
 }  // namespace
@@ -60,149 +59,105 @@ TEST(Codecs, RoundTripEmptyShortAndRandomBuffers) {
   const char* vectors[][2] = {
       {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"fooba", "Zm9vYmE="}, {"\xff\xfe", "//4="}};
   for (const auto& v : vectors)
-    EXPECT_EQ(b64(v[0]), v[1]);
-  for (std::size_t n = 0; n <= 64; ++n) {  // every padding case
-    const std::string bytes = randomBytes(n, unsigned(n)), text = b64(bytes);
-    EXPECT_EQ(text.size(), (n + 2) / 3 * 4);
-    EXPECT_EQ(text.find('='), n % 3 ? text.size() - (3 - n % 3) : std::string::npos);
-    std::string back = "stale";
-    ASSERT_EQ(unb64(text, back), 0u);
-    EXPECT_EQ(back, bytes);
-  }
-  for (const std::string& bytes : {std::string(), std::string("a"), randomBytes(1000, 1)}) {
-    std::string back = "stale", there;
-    ASSERT_EQ(unxz(xz(bytes), back), 0u);
-    EXPECT_EQ(back, bytes);
-    for (Mode mode : kModes) {
-      const std::string payload = enc(mode, bytes);
-      const std::size_t n = bytes.size();
-      EXPECT_EQ(payload.size(), mode == Mode::CBC   ? 16 + (n / 16 + 1) * 16
-                                : mode == Mode::GCM ? 12 + n + 16
-                                                    : 16 + n);
-      EXPECT_NE(enc(mode, bytes).substr(0, 12), payload.substr(0, 12));  // fresh IV
-      ASSERT_EQ(dec(mode, payload, back), 0u);
-      EXPECT_EQ(back, bytes);
+    EXPECT_EQ(encode(kBase64, v[0]), v[1]);
+  // Every base64 padding case and AES block remainder, and a larger buffer.
+  for (std::size_t n = 0; n <= 65; ++n) {
+    const S bytes = randomBytes(n == 65 ? 1000 : n, unsigned(n));
+    const std::size_t m = bytes.size();
+    for (int codec = 0; codec < kCodecs; ++codec) {
+      const S payload = encode(codec, bytes);
+      const std::size_t sizes[] = {(m + 2) / 3 * 4, payload.size(), m,     16 + (m / 16 + 1) * 16,
+                                   16 + m,          12 + m + 16,    16 + m};
+      EXPECT_EQ(payload.size(), sizes[codec]) << codec;
+      // AES starts each payload with a fresh IV.
+      EXPECT_TRUE(codec < kCbc || encode(codec, bytes).substr(0, 12) != payload.substr(0, 12));
+      alg::setDecodeLimit(m);  // exactly the decoded size is within the limit
+      EXPECT_EQ(decode(codec, payload), Result(0, bytes)) << codec << " " << m;
+      alg::setDecodeLimit(m - 1);
+      EXPECT_TRUE(m == 0 || codec == kXor || decode(codec, payload).first == errc::payloadTooLarge)
+          << codec << " " << m;
+      alg::setDecodeLimit(std::size_t(1) << 30);
     }
-    alg::XOR::encode(bytes.data(), bytes.size(), kKey, 16, there);
-    alg::XOR::decode(there.data(), there.size(), kKey, 16, back);
-    EXPECT_EQ(back, bytes);
+    const S text = encode(kBase64, bytes);
+    EXPECT_EQ(text.find('='), m % 3 ? text.size() - (3 - m % 3) : S::npos);
   }
-  std::string out;
-  alg::XOR::encode("\x00\xff\x55\x10\x01", 5, kKey + 14, 2, out);  // key 4f 3c
-  EXPECT_EQ(out, std::string("\x4f\xc3\x1a\x2c\x4e", 5));
-  alg::XOR::encode("abc", 3, nullptr, 16, out);
-  EXPECT_EQ(out, "abc");
-  alg::XOR::encode("abc", 3, kKey, 0, out);
-  EXPECT_EQ(out, "abc");
+  // XOR by hand (key 4f 3c), and with no key a plain copy.
+  S a, b, c;
+  alg::XOR::encode("\x00\xff\x55\x10\x01", 5, kKey + 14, 2, a);
+  alg::XOR::encode("abc", 3, nullptr, 16, b), alg::XOR::encode("abc", 3, kKey, 0, c);
+  EXPECT_EQ(std::tuple(a, b, c), std::tuple(S("\x4f\xc3\x1a\x2c\x4e", 5), "abc", "abc"));
 }
 
+// A refused input leaves the output empty.
 TEST(Codecs, RefuseBadInputWithTheirCodes) {
-  std::string out;
-  for (const std::string text : {"Zg=", "Zg==Zg==", "Z===", "====", "=Zg=", "Zm=v", "Zm9v\n",
-                                 "Zm 9", "Zm9-", "Zm9_", "Z\377xxZm9v", "Zm\xff="}) {
-    out = "stale";
-    EXPECT_EQ(unb64(text, out), errc::badBase64) << text;
-    EXPECT_TRUE(out.empty());
-  }
-  const std::string packed = xz(randomBytes(3000, 4));
-  std::string damaged = packed;
-  damaged[packed.size() / 2] ^= 0x40;
-  for (const std::string& bad :
-       {std::string(), packed.substr(0, packed.size() - 1), packed.substr(0, packed.size() / 2),
-        packed + "x", packed + std::string(4, '\0'), damaged, randomBytes(100, 5)}) {
-    EXPECT_EQ(unxz(bad, out), errc::corruptLzma) << bad.size();
-  }
+  for (const char* text : {"Zg=", "Zg==Zg==", "Z===", "====", "=Zg=", "Zm=v", "Zm9v\n", "Zm 9",
+                           "Zm9-", "Zm9_", "Z\377xxZm9v", "Zm\xff="})
+    EXPECT_EQ(decode(kBase64, text), Result(errc::badBase64, "")) << text;
+  const S packed = encode(kXz, randomBytes(3000, 4));
+  for (const S& in :
+       {S(), packed.substr(0, packed.size() - 1), packed.substr(0, packed.size() / 2), packed + "x",
+        packed + S(4, '\0'), flip(packed, packed.size() * 4 + 6), randomBytes(100, 5)})
+    EXPECT_EQ(decode(kXz, in), Result(errc::corruptLzma, "")) << in.size();
+  const S cbc = encode(kCbc, S(16, 'p'));  // IV + 2 blocks
+  for (auto [codec, size] :
+       {std::pair(kCbc, 16), {kCbc, 40}, {kCbc, 15}, {kCtr, 15}, {kCfb, 15}, {kGcm, 27}})
+    EXPECT_EQ(decode(codec, cbc.substr(0, size)), Result(errc::aesBadInput, "")) << size;
+  // The last padding byte turns from 0x10 into 0x11.
+  EXPECT_EQ(decode(kCbc, flip(cbc, 31 * 8)), Result(errc::aesBadPadding, ""));
+  const S gcm = encode(kGcm, "authentic");
+  for (std::size_t i = 0; i < gcm.size() * 8; ++i)  // every bit of nonce, text and tag
+    ASSERT_EQ(decode(kGcm, flip(gcm, i)), Result(errc::aesAuthFailed, "")) << i;
+  S out;
   EXPECT_EQ(alg::lzma::compress("a", 1, out, 99), errc::codecFailure);
-
   EXPECT_EQ(alg::aes::encrypt(Mode::CBC, "x", 1, kKey, 15, out), errc::aesBadInput);
   EXPECT_EQ(alg::aes::encrypt(Mode::CBC, "x", 1, nullptr, 16, out), errc::aesBadInput);
   EXPECT_EQ(alg::aes::encrypt(Mode(2), "x", 1, kKey, 16, out), errc::aesBadInput);
-  const std::string cbc = enc(Mode::CBC, std::string(16, 'p'));  // IV + 2 blocks
-  const std::pair<Mode, int> tooShort[] = {{Mode::CBC, 16}, {Mode::CBC, 40}, {Mode::CBC, 15},
-                                           {Mode::CTR, 15}, {Mode::CFB, 15}, {Mode::GCM, 27}};
-  for (const auto& [mode, size] : tooShort) {
-    EXPECT_EQ(dec(mode, cbc.substr(0, size), out), errc::aesBadInput) << size;
-  }
-  std::string badPad = cbc;  // the last padding byte turns from 0x10 into 0x11
-  badPad[31] ^= 0x01;
-  EXPECT_EQ(dec(Mode::CBC, badPad, out), errc::aesBadPadding);
-  const std::string gcm = enc(Mode::GCM, "authentic");
-  for (std::size_t i = 0; i < gcm.size() * 8; ++i) {  // every bit of nonce, text and tag
-    std::string forged = gcm;
-    forged[i / 8] ^= static_cast<char>(1 << (i % 8));
-    out = "stale";
-    ASSERT_EQ(dec(Mode::GCM, forged, out), errc::aesAuthFailed) << i;
-    EXPECT_TRUE(out.empty());
-  }
 }
 
-// A valid stream whose block header asks for a 4 GiB dictionary: refused rather
-// than letting the decoder take that memory.
+// A valid stream whose block header asks for a 4 GiB dictionary is refused
+// rather than letting the decoder take that memory. The block header follows the
+// 12-byte stream header: its size, flags, the size fields the flags announce
+// (varints), filter 0x21 and its property length, then the dictionary byte.
 TEST(Codecs, LzmaRefusesAHeaderAskingForAHugeDictionary) {
-  std::string packed = xz("hello");
-  const std::size_t header = 12, headerSize = (std::uint8_t(packed[header]) + 1) * 4;
-  const auto flags = std::uint8_t(packed[header + 1]);
-  std::size_t p = header + 2;  // optional size fields (varints), then filter 0x21, 1, dict
-  for (int field = 0; field < (flags >> 6 & 1) + (flags >> 7 & 1); ++field) {
-    while (std::uint8_t(packed[p++]) & 0x80)
-      continue;
-  }
+  S packed = encode(kXz, "hello");
+  const auto flags = std::uint8_t(packed[13]);
+  const std::size_t at = 12, end = at + (std::uint8_t(packed[at]) + 1) * 4 - 4;
+  std::size_t p = at + 2;
+  for (int fields = (flags >> 6 & 1) + (flags >> 7 & 1); fields > 0; ++p)
+    fields -= !(std::uint8_t(packed[p]) & 0x80);
   ASSERT_EQ(std::uint8_t(packed[p]), 0x21);
   packed[p + 2] = 40;
-  std::uint32_t crc = 0xffffffffu;  // the header's CRC32 must match again
-  for (std::size_t i = header; i < header + headerSize - 4; ++i) {
-    crc ^= std::uint8_t(packed[i]);
-    for (int bit = 0; bit < 8; ++bit)
-      crc = (crc >> 1) ^ (0xedb88320u & (0u - (crc & 1)));
-  }
+  // The header's CRC32 must match again; it takes the bits low one first.
+  std::uint32_t crc = 0xffffffffu;
+  for (std::size_t bit = at * 8; bit < end * 8; ++bit)
+    crc = (crc >> 1) ^ (0xedb88320u & (0u - ((crc ^ (packed[bit / 8] >> bit % 8)) & 1)));
   for (int i = 0; i < 4; ++i)
-    packed[header + headerSize - 4 + i] = char(~crc >> (8 * i));
-  std::string out;
-  EXPECT_EQ(unxz(packed, out), errc::payloadTooLarge);
+    packed[end + i] = char(~crc >> (8 * i));
+  EXPECT_EQ(decode(kXz, packed), Result(errc::payloadTooLarge, ""));
 }
 
+// The default limit is 1 GiB; xz output stops growing just past a smaller one.
 TEST(Codecs, DecodeLimitRefusesLargerOutput) {
   EXPECT_EQ(alg::decodeLimit(), std::size_t(1) << 30);
-  const std::string ten(10, 'a'), eleven(11, 'a');
-  std::string ok[6] = {b64(ten), xz(ten)}, big[6] = {b64(eleven), xz(eleven)};
-  for (int m = 0; m < 4; ++m)
-    ok[m + 2] = enc(kModes[m], ten), big[m + 2] = enc(kModes[m], eleven);
-  const std::string zeros = xz(std::string(4 << 20, '\0'));
   alg::setDecodeLimit(10);
-  std::string out;
-  for (int i = 0; i < 6; ++i) {
-    const auto decode = [&](const std::string& in) {
-      return i == 0 ? unb64(in, out) : i == 1 ? unxz(in, out) : dec(kModes[i - 2], in, out);
-    };
-    EXPECT_EQ(decode(ok[i]), 0u) << i;
-    EXPECT_EQ(decode(big[i]), errc::payloadTooLarge) << i;
-  }
-  EXPECT_EQ(unxz(zeros, out), errc::payloadTooLarge);
+  EXPECT_EQ(decode(kXz, encode(kXz, S(4 << 20, '\0'))), Result(errc::payloadTooLarge, ""));
   alg::setDecodeLimit(std::size_t(1) << 30);
 }
 
 TEST(Codecs, StandardToolsReadWhatTheyWrite) {
-  if (!testing_support::runCommand(
-          "command -v base64 >/dev/null && command -v xz >/dev/null && command -v "
-          "openssl >/dev/null")) {
-    GTEST_SKIP() << "base64, xz or openssl is not installed";
-  }
-  testing_support::TempDir dir;
-  const std::string plain = randomBytes(777, 11), in = dir / "in", out = dir / "out";
-  testing_support::writeFile(in, b64(plain));
-  EXPECT_TRUE(testing_support::runCommand("base64 -d < " + in + " > " + out));
-  EXPECT_EQ(testing_support::readFile(out), plain);
-  testing_support::writeFile(in, xz(plain));
-  EXPECT_TRUE(testing_support::runCommand("xz -d -c < " + in + " > " + out));
-  EXPECT_EQ(testing_support::readFile(out), plain);
-  for (const auto& [mode, name] :
-       {std::pair{Mode::CBC, "cbc"}, {Mode::CTR, "ctr"}, {Mode::CFB, "cfb"}}) {
-    const std::string payload = enc(mode, plain);
-    testing_support::writeFile(in, payload.substr(16));
-    const std::string key(reinterpret_cast<const char*>(kKey), 16);
-    EXPECT_TRUE(testing_support::runCommand(
-        std::string("openssl enc -d -aes-128-") + name + " -K " + hex(key) + " -iv " +
-        hex(payload.substr(0, 16)) + " -in " + in + " -out " + out));
-    EXPECT_EQ(testing_support::readFile(out), plain) << name;
+  if (!haveTool("base64") || !haveTool("xz") || !haveTool("openssl")) GTEST_SKIP() << "no tools";
+  TempDir dir;
+  const S plain = randomBytes(777, 11), in = dir / "in", out = dir / "out";
+  // AES: the payload leads with the IV, which openssl takes as an option.
+  const S aes =
+      "tail -c +17 | openssl enc -d -K 2b7e151628aed2a6abf7158809cf4f3c -iv $(od -An -tx1 -N16 " +
+      in + " | tr -d ' \\n') -aes-128-";
+  const std::pair<int, const char*> tools[] = {
+      {kBase64, "base64 -d"}, {kXz, "xz -d -c"}, {kCbc, "cbc"}, {kCtr, "ctr"}, {kCfb, "cfb"}};
+  for (auto [codec, command] : tools) {
+    writeFile(in, encode(codec, plain));
+    const S run = "< " + in + " " + (codec < kCbc ? S(command) : aes + command) + " > " + out;
+    EXPECT_TRUE(runCommand(run)) << run;
+    EXPECT_EQ(readFile(out), plain) << run;
   }
 }

@@ -1,18 +1,15 @@
 #include <param/wobble/wobblePathProc.h>
 
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <random>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include <utils/geometry.h>
-#include <utils/logger.h>
+
+#include "support/testSupport.h"
 
 namespace param {
 // Reaches the older generators, which are private.
@@ -25,119 +22,86 @@ struct WobblePathProcProbe : WobblePathProc {
 
 namespace {
 
-using param::MPointF2d;
-using param::Point2d;
-using param::WobbleParam;
-using param::WobblePathProc;
+using namespace param;
 constexpr double kPi = std::numbers::pi;
-constexpr double kDeg = 0.017453292519943295;
-
-struct RefStats {
-  int wraps = 0;  // samples moved back to the start of the path
-};
+constexpr double kDeg = 0.017453292519943295, kRad = 57.29577951308232;
 
 // The sampling rule written out plainly: every sample scans the length table
 // from its start and computes the vertex directions it needs on the spot.
+// `wraps` counts the samples moved back to the start of the path.
 template <class P>
-std::vector<P> reference(const WobbleParam& w, const std::vector<P>& in, RefStats& st) {
-  std::vector<P> out;
-  const double space = w.wobbleSpace;
+std::vector<P> reference(const WobbleParam& w, const std::vector<P>& in, int& wraps) {
+  std::vector<P> out, q;
+  const double space = w.wobbleSpace, step = space / 48.0;
   if (!w.bEnable || space < 0.001 || in.empty()) return out;
-  const double step = space / 48.0;
-  std::vector<P> q;
+  using namespace utils::_impl;
+  auto length = [](P a, P b) { return distance(b.x - a.x, b.y - a.y); };
+  auto dir = [](P a, P b) { return radianOfVector(b.x - a.x, b.y - a.y) * kRad; };
+  auto lerp = [](P a, P b, double t) { return P{a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)}; };
   for (std::size_t i = 0; i + 1 < in.size(); ++i) {
     const P a = in[i], b = in[i + 1];
-    const double len = utils::_impl::distance(b.x - a.x, b.y - a.y);
+    const double len = length(a, b), f = space / len;
     if (len == 0.0) continue;
     q.push_back(P{a.x, a.y});
-    if (len > 1.5 * space) {
-      const double f = space / len;
-      q.push_back(P{a.x + f * (b.x - a.x), a.y + f * (b.y - a.y)});
-      if (f < 0.4) q.push_back(P{b.x - f * (b.x - a.x), b.y - f * (b.y - a.y)});
-    }
+    if (len > 1.5 * space) q.push_back(lerp(a, b, f));
+    if (len > 1.5 * space && f < 0.4) q.push_back(P{b.x - f * (b.x - a.x), b.y - f * (b.y - a.y)});
   }
   q.push_back(in.back());
   const std::size_t m = q.size();
   std::vector<double> c(m, 0.0);
-  for (std::size_t k = 1; k < m; ++k) {
-    c[k] = c[k - 1] + utils::_impl::distance(q[k].x - q[k - 1].x, q[k].y - q[k - 1].y);
-  }
-  const double L = c[m - 1];
-  auto dir = [](const P& from, const P& to) {
-    return utils::_impl::radianOfVector(to.x - from.x, to.y - from.y) * 57.29577951308232;
-  };
-  const double cx = q[0].x - q[m - 1].x, cy = q[0].y - q[m - 1].y;
+  for (std::size_t k = 1; k < m; ++k)
+    c[k] = c[k - 1] + length(q[k - 1], q[k]);
+  const double L = c[m - 1], cx = q[0].x - q[m - 1].x, cy = q[0].y - q[m - 1].y;
   const bool closed = cx < 0.0001 && cx + 0.0001 > 0 && cy < 0.0001 && cy + 0.0001 > 0;
   auto vertexAngle = [&](std::size_t k) {
-    if (k == 0) return closed ? dir(q[m - 2], q[1]) : dir(q[0], q[1]);
-    if (k == m - 1) return closed ? dir(q[m - 2], q[1]) : dir(q[m - 2], q[m - 1]);
-    return dir(q[k - 1], q[k + 1]);
+    if (closed && (k == 0 || k == m - 1)) return dir(q[m - 2], q[1]);
+    return dir(k == 0 ? q[0] : q[k - 1], k == m - 1 ? q[m - 1] : q[k + 1]);
   };
-  double px = 0, py = 0, theta = 0;
-  auto locate = [&](double s) {
-    if (m == 1) {
-      px = q[0].x, py = q[0].y, theta = 0;
-      return;
-    }
-    const double qq = s / L, frac = qq - std::trunc(qq);
-    if (!(0 <= frac && frac < 0.0001)) {
-      const double r = std::fmod(s, L);
-      st.wraps += r != s;
-      s = r < 0 ? r + L : r;
-    }
-    if (m == 2) {
-      px = q[0].x + (s / L) * (q[1].x - q[0].x), py = q[0].y + (s / L) * (q[1].y - q[0].y);
-      theta = dir(q[0], q[1]);
-      return;
-    }
-    for (std::size_t i = 0; i < m; ++i) {
-      if (c[i] - s < 0.0001 && c[i] - s + 0.0001 > 0) {
-        px = q[i].x, py = q[i].y, theta = vertexAngle(i);
-        return;
-      }
-      if (c[i] - 0.0001 > s) {
-        const double t = (s - c[i - 1]) / (c[i] - c[i - 1]);
-        px = q[i - 1].x + t * (q[i].x - q[i - 1].x), py = q[i - 1].y + t * (q[i].y - q[i - 1].y);
-        const double a0 = vertexAngle(i - 1);
-        double d = vertexAngle(i) - a0;
-        if (d < -180) {
-          d += 360;
-        } else if (d > 180) {
-          d -= 360;
-        }
-        theta = a0 + d * t;
-        return;
-      }
-    }
-  };
+  P pos = q[0];  // a single vertex: itself, direction 0
+  double theta = 0;
   for (double s = 0; s <= L + 0.0001; s += step) {
-    locate(s);
+    // Past the end the position wraps to the start, unless s lies within a
+    // relative 0.0001 above a whole multiple of the length.
+    const double turns = s / L, frac = turns - std::trunc(turns);
+    const double at = m > 1 && !(0 <= frac && frac < 0.0001) ? std::fmod(s, L) : s;
+    wraps += at != s;
+    if (m == 2) pos = lerp(q[0], q[1], at / L), theta = dir(q[0], q[1]);
+    for (std::size_t i = 0; m > 2 && i < m; ++i) {
+      if (c[i] - at < 0.0001 && c[i] - at + 0.0001 > 0) {
+        pos = q[i], theta = vertexAngle(i);
+        break;
+      }
+      if (c[i] - 0.0001 > at) {
+        const double t = (at - c[i - 1]) / (c[i] - c[i - 1]);
+        pos = lerp(q[i - 1], q[i], t);
+        double d = vertexAngle(i) - vertexAngle(i - 1);
+        if (d < -180) d += 360;
+        if (d > 180) d -= 360;
+        theta = vertexAngle(i - 1) + d * t;
+        break;
+      }
+    }
+    // The figure's offset (u across, v backwards) turned by the left normal; the
+    // figure-eight along the path (u forwards, v left) by the direction itself.
     const double phi = 6.283185307179586 * s / space;
-    double u, v, beta = (theta + 90) * kDeg;
-    if (w.wobbleType == 0) {
-      const double r = w.wobbleDiaX * 0.5f;
-      u = r * std::cos(phi), v = r * std::sin(phi);
-    } else if (w.wobbleType == 1) {
-      const double a = w.wobbleDiaY * 0.5f;
-      u = a * std::sin(phi), v = 0;
-    } else if (w.wobbleType == 2) {
-      u = double{w.wobbleDiaY * 0.5f} * std::cos(phi),
-      v = double{w.wobbleDiaX * 0.5f} * std::sin(phi);
-    } else {
+    const double rx = w.wobbleDiaX * 0.5f, ry = w.wobbleDiaY * 0.5f;
+    double u = 0, v = 0, beta = (theta + 90) * kDeg;
+    if (w.wobbleType == 0) u = rx * std::cos(phi), v = rx * std::sin(phi);
+    if (w.wobbleType == 1) u = ry * std::sin(phi);
+    if (w.wobbleType == 2) u = ry * std::cos(phi), v = rx * std::sin(phi);
+    if (w.wobbleType < 0 || w.wobbleType > 2) {
       const bool across = w.wobbleType == 3;
       const double A = across ? w.wobbleDiaY : w.wobbleDiaX;
       const double B = across ? w.wobbleDiaX : w.wobbleDiaY;
-      double tau = std::fmod(s * 180 / space, 180);
-      if (tau < 0) tau += 180;
+      const double tau = std::fmod(s * 180 / space, 180);
       const double alpha =
           across ? (tau < 90 ? 45 - tau : tau + 45) : (tau < 90 ? tau - 45 : 315 - tau);
-      const double c2 = std::cos(2 * alpha * kDeg);
-      const double k = c2 < 0 ? 0 : std::sqrt(c2);
+      const double c2 = std::cos(2 * alpha * kDeg), k = c2 < 0 ? 0 : std::sqrt(c2);
       u = std::cos(alpha * kDeg) * k * A, v = std::sin(alpha * kDeg) * k * B;
       if (!across) beta = theta * kDeg;
     }
     const double cb = std::cos(beta), sb = std::sin(beta);
-    out.push_back(P{px + (u * cb - v * sb), py + (u * sb + v * cb)});
+    out.push_back(P{pos.x + (u * cb - v * sb), pos.y + (u * sb + v * cb)});
   }
   return out;
 }
@@ -166,19 +130,15 @@ TEST(WobblePathProc, MatchesPlainRuleBitForBitOnRandomPolylines) {
   std::mt19937_64 rng(20240611);
   std::uniform_real_distribution<double> uni(0.0, 1.0);
   const int types[] = {0, 1, 2, 3, 4, 7, -1};
-  RefStats st;
-  int cases = 0;
+  int wraps = 0;
   for (int iter = 0; iter < 1000; ++iter) {
     const double scale = std::pow(10.0, uni(rng) * 3.5 - 2.5);  // 0.003 to 10
     const int n = 1 + static_cast<int>(uni(rng) * 12);
     std::vector<MPointF2d> in;
-    for (int i = 0; i < n; ++i) {
-      if (i > 0 && uni(rng) < 0.15) {
-        in.push_back(in.back());
-      } else {
-        in.push_back({scale * (uni(rng) - 0.5), scale * (uni(rng) - 0.5), 7});
-      }
-    }
+    for (int i = 0; i < n; ++i)
+      in.push_back(i > 0 && uni(rng) < 0.15
+                       ? in.back()
+                       : MPointF2d{scale * (uni(rng) - 0.5), scale * (uni(rng) - 0.5), 7});
     const double shape = uni(rng);
     if (n > 2 && shape < 0.3) in.push_back(in.front());
     if (n > 2 && shape >= 0.3 && shape < 0.45) in.push_back({in[0].x + 4e-5, in[0].y - 9e-5, 1});
@@ -187,134 +147,98 @@ TEST(WobblePathProc, MatchesPlainRuleBitForBitOnRandomPolylines) {
         scale < 0.3 && uni(rng) < 0.5 ? 0.001 + uni(rng) * 0.01 : 0.001 + scale * (0.02 + uni(rng));
     const WobbleParam w = par(types[iter % 7], space, static_cast<float>(uni(rng) * 2),
                               static_cast<float>(uni(rng) * 2));
-    std::vector<Point2d> plain;
-    for (const MPointF2d& p : in)
-      plain.push_back({p.x, p.y});
-    const std::vector<MPointF2d> expected = reference(w, in, st);
+    const std::vector<MPointF2d> expected = reference(w, in, wraps);
+    ASSERT_FALSE(expected.empty());
 
     WobblePathProc proc;
     proc.setWobblePar(w);
     std::vector<MPointF2d> got(2, MPointF2d{9, 9, 9});  // what is already there stays
+    std::vector<Point2d> gotPlain, plain;
+    for (const MPointF2d& p : in)
+      plain.push_back({p.x, p.y});
     proc.doWobble(in, got);
-    ASSERT_EQ(got.size(), expected.size() + 2) << "case " << iter;
-    EXPECT_EQ(got[0], (MPointF2d{9, 9, 9}));
-    std::vector<Point2d> gotPlain;
     proc.doWobble(plain, gotPlain);
+    ASSERT_EQ(got.size(), expected.size() + 2) << "case " << iter;
     ASSERT_EQ(gotPlain.size(), expected.size());
+    EXPECT_EQ(got[0], (MPointF2d{9, 9, 9}));
     for (std::size_t k = 0; k < expected.size(); ++k) {
-      ASSERT_EQ(bits(got[k + 2]), bits(expected[k])) << "case " << iter << " sample " << k;
-      ASSERT_EQ(bits(gotPlain[k]), bits(expected[k])) << "case " << iter << " sample " << k;
-      ASSERT_EQ(got[k + 2].flag, 0);
+      ASSERT_TRUE(bits(got[k + 2]) == bits(expected[k]) && got[k + 2].flag == 0 &&
+                  bits(gotPlain[k]) == bits(expected[k]))
+          << "case " << iter << " sample " << k;
     }
-    cases += !expected.empty();
   }
-  // The set really reaches the wrap at the end of the path.
-  EXPECT_GT(st.wraps, 50);
-  EXPECT_EQ(cases, 1000);
+  EXPECT_GT(wraps, 50);  // the set really reaches the wrap at the end of the path
 }
 
 // Corner from (0,0) over (a,0) to (a,a) with a period of 1 and a circle of
 // radius 0.5: the direction turns between the vertex directions listed (arc
 // length, degrees), where the extra vertices sit one period from each corner.
-TEST(WobblePathProc, CornerTurnsOverExtraVertices) {
-  struct Case {
-    double a;
-    std::vector<std::pair<double, double>> turn;
-  };
-  const Case cases[] = {
+TEST(WobblePathProc, CornersTurnOverExtraVerticesAndClosedPathsJoin) {
+  const std::pair<double, std::vector<std::pair<double, double>>> cases[] = {
       {1.2, {{0, 0}, {1.2, 45}, {2.4, 90}}},                                // no extra vertex
       {2.0, {{0, 0}, {1, 0}, {2, 45}, {3, 90}, {4, 90}}},                   // one after each start
       {3.0, {{0, 0}, {1, 0}, {2, 0}, {3, 45}, {4, 90}, {5, 90}, {6, 90}}},  // both ends
   };
-  for (const Case& c : cases) {
-    const auto out = run(par(0, 1.0), {{0, 0}, {c.a, 0}, {c.a, c.a}});
-    ASSERT_EQ(out.size(), static_cast<std::size_t>(std::floor(2 * c.a * 48 + 1e-6)) + 1);
-    double s = 0;
-    for (const Point2d& p : out) {
-      std::size_t j = 1;
-      while (j + 1 < c.turn.size() && c.turn[j].first < s)
+  for (const auto& [a, turn] : cases) {
+    const auto out = run(par(0, 1.0), {{0, 0}, {a, 0}, {a, a}});
+    ASSERT_EQ(out.size(), static_cast<std::size_t>(std::floor(2 * a * 48 + 1e-6)) + 1);
+    for (std::size_t k = 0, j = 1; k < out.size(); ++k) {
+      const double s = k / 48.0;
+      while (j + 1 < turn.size() && turn[j].first < s)
         ++j;
-      const auto [s0, a0] = c.turn[j - 1];
-      const auto [s1, a1] = c.turn[j];
-      const double theta = a0 + (a1 - a0) * (s - s0) / (s1 - s0);
-      const double x = s <= c.a ? s : c.a, y = s <= c.a ? 0 : s - c.a;
-      const double w = 2 * kPi * s + (theta + 90) * kDeg;
-      EXPECT_NEAR(p.x, x + 0.5 * std::cos(w), 1e-9) << c.a << " at " << s;
-      EXPECT_NEAR(p.y, y + 0.5 * std::sin(w), 1e-9) << c.a << " at " << s;
-      s += 1.0 / 48;
+      const auto [s0, a0] = turn[j - 1];
+      const auto [s1, a1] = turn[j];
+      const double w = 2 * kPi * s + (a0 + (a1 - a0) * (s - s0) / (s1 - s0) + 90) * kDeg;
+      EXPECT_POINT_NEAR(out[k], std::min(s, a) + 0.5 * std::cos(w),
+                        std::max(s - a, 0.0) + 0.5 * std::sin(w));
     }
   }
-}
-
-TEST(WobblePathProc, ClosedPathJoinsAndOpenPathDoesNot) {
   // Closed square of side 2, period 1: the direction turns evenly, -45 + 45 s
-  // degrees, so the figure ends where it began.
+  // degrees, so the figure ends where it began; at (2, 2) it heads at 135.
   const auto sq = run(par(0, 1.0), {{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0}});
   ASSERT_EQ(sq.size(), 385u);
-  EXPECT_NEAR(sq[0].x, 0.5 * std::cos(kPi / 4), 1e-9);
-  EXPECT_NEAR(sq[0].y, 0.5 * std::sin(kPi / 4), 1e-9);
-  EXPECT_NEAR(sq[384].x, sq[0].x, 1e-9);
-  EXPECT_NEAR(sq[384].y, sq[0].y, 1e-9);
-  EXPECT_NEAR(sq[192].x, 2 + 0.5 * std::cos(5 * kPi / 4), 1e-9);  // at (2, 2), heading 135
-  EXPECT_NEAR(sq[192].y, 2 + 0.5 * std::sin(5 * kPi / 4), 1e-9);
+  EXPECT_POINT_NEAR(sq[0], 0.5 * std::cos(kPi / 4), 0.5 * std::sin(kPi / 4));
+  EXPECT_POINT_NEAR(sq[384], sq[0].x, sq[0].y);
+  EXPECT_POINT_NEAR(sq[192], 2 + 0.5 * std::cos(5 * kPi / 4), 2 + 0.5 * std::sin(5 * kPi / 4));
   // Within 0.0001 of the start still counts as closed; 0.0002 does not.
-  const auto near = run(par(0, 1.0), {{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.00005}});
-  EXPECT_NEAR(near[0].x, sq[0].x, 1e-4);
-  const auto open = run(par(0, 1.0), {{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.0002}});
-  EXPECT_NEAR(open[0].x, 0.0, 1e-12);
-  EXPECT_NEAR(open[0].y, 0.5, 1e-12);
+  EXPECT_NEAR(run(par(0, 1.0), {{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.00005}})[0].x, sq[0].x, 1e-4);
+  EXPECT_POINT_NEAR(run(par(0, 1.0), {{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.0002}})[0], 0, 0.5);
 }
 
 // Along the x axis the left normal is +y. Period 0.75 (sample k at s = k / 64),
-// size 0.6 along the path and 0.4 across it.
+// size 0.75 along the path and 0.5 across it.
 TEST(WobblePathProc, FiguresOnAStraightLine) {
-  const std::vector<Point2d> line{{0, 0}, {10, 0}};
-  for (int type : {0, 1, 2}) {
-    const auto out = run(par(type, 0.75, 0.6f, 0.4f), line);
-    ASSERT_EQ(out.size(), 641u);
-    for (std::size_t k = 0; k < out.size(); ++k) {
-      const double s = k / 64.0, phi = 2 * kPi * k / 48;
-      const double dx[] = {-0.3 * std::sin(phi), 0, -0.3 * std::sin(phi)};
-      const double dy[] = {0.3 * std::cos(phi), 0.2 * std::sin(phi), 0.2 * std::cos(phi)};
-      EXPECT_NEAR(out[k].x, s + dx[type], 1e-7) << type << " " << k;
-      EXPECT_NEAR(out[k].y, dy[type], 1e-7) << type << " " << k;
-    }
+  std::vector<Point2d> out[5];
+  for (int type = 0; type < 5; ++type)
+    ASSERT_EQ((out[type] = run(par(type, 0.75, 0.75f, 0.5f), {{0, 0}, {10, 0}})).size(), 641u);
+  for (std::size_t k = 0; k < 641; ++k) {
+    const double s = k / 64.0, phi = 2 * kPi * k / 48;
+    EXPECT_POINT_NEAR(out[0][k], s - 0.375 * std::sin(phi), 0.375 * std::cos(phi));
+    EXPECT_POINT_NEAR(out[1][k], s, 0.25 * std::sin(phi));
+    EXPECT_POINT_NEAR(out[2][k], s - 0.375 * std::sin(phi), 0.25 * std::cos(phi));
   }
   // Figure-eights at lobe angles 45 +- 45, 45 +- 75, 135 and 180 degrees (samples
   // 0, 12, 20, 24, 36): offsets from the point on the path.
   const std::size_t at[] = {0, 12, 20, 24, 36};
-  const double across[][2] = {
-      {0, 0}, {0, 0.4}, {0.3 * std::sqrt(0.5), 0.4 * std::sqrt(0.375)}, {0, 0}, {0, -0.4}};
-  const double along[][2] = {
-      {0, 0}, {0.6, 0}, {0.6 * std::sqrt(0.375), 0.2 * std::sqrt(0.5)}, {0, 0}, {-0.6, 0}};
-  const auto e3 = run(par(3, 0.75, 0.6f, 0.4f), line);
-  const auto e4 = run(par(4, 0.75, 0.6f, 0.4f), line);
-  for (int i = 0; i < 5; ++i) {
-    const double s = at[i] / 64.0;
-    EXPECT_NEAR(e3[at[i]].x, s + across[i][0], 1e-6) << i;
-    EXPECT_NEAR(e3[at[i]].y, across[i][1], 1e-6) << i;
-    EXPECT_NEAR(e4[at[i]].x, s + along[i][0], 1e-6) << i;
-    EXPECT_NEAR(e4[at[i]].y, along[i][1], 1e-6) << i;
-  }
-  EXPECT_EQ(run(par(7, 0.75, 0.6f, 0.4f), line), e4);
-  EXPECT_EQ(run(par(-1, 0.75, 0.6f, 0.4f), line), e4);
+  const double r2 = std::sqrt(0.5), r3 = std::sqrt(0.375);
+  const Point2d across[] = {{0, 0}, {0, 0.5}, {0.375 * r2, 0.5 * r3}, {0, 0}, {0, -0.5}};
+  const Point2d along[] = {{0, 0}, {0.75, 0}, {0.75 * r3, 0.25 * r2}, {0, 0}, {-0.75, 0}};
+  auto near = [&](int type, std::size_t k, Point2d d) {
+    return std::hypot(out[type][k].x - k / 64.0 - d.x, out[type][k].y - d.y) < 1e-6;
+  };
+  for (int i = 0; i < 5; ++i)
+    EXPECT_TRUE(near(3, at[i], across[i]) && near(4, at[i], along[i])) << i;
+  EXPECT_EQ(run(par(7, 0.75, 0.75f, 0.5f), {{0, 0}, {10, 0}}), out[4]);
+  EXPECT_EQ(run(par(-1, 0.75, 0.75f, 0.5f), {{0, 0}, {10, 0}}), out[4]);
 }
 
-TEST(WobblePathProc, NothingOrOnePointOrWrapAtTheEdges) {
-  const std::vector<Point2d> line{{0, 0}, {1, 0}};
-  WobblePathProc proc;
-  for (WobbleParam w : {WobbleParam{}, par(0, 0.0009)}) {
-    proc.setWobblePar(w);
-    std::vector<Point2d> out{{5, 5}};
-    proc.doWobble(line, out);
-    EXPECT_EQ(out, (std::vector<Point2d>{{5, 5}}));
-  }
-  proc.setWobblePar(par(0, 0.5));
-  std::vector<Point2d> out;
-  proc.doWobble(std::vector<Point2d>{}, out);
-  EXPECT_TRUE(out.empty());
-  // Samples every 0.001f / 48 up to 1.0001: 48005 of them.
-  EXPECT_EQ(run(par(0, 0.001), line).size(), 48005u);
+TEST(WobblePathProc, EdgesAndBadPaths) {
+  // Disabled, a period below 0.001 or no vertex: nothing. At 0.001f, samples
+  // every 0.001f / 48 up to 1.0001: 48005 of them.
+  EXPECT_TRUE(run(WobbleParam{}, {{0, 0}, {1, 0}}).empty());
+  EXPECT_TRUE(run(par(0, 0.0009), {{0, 0}, {1, 0}}).empty());
+  EXPECT_TRUE(run(par(0, 0.5), {}).empty());
+  EXPECT_EQ(run(par(0, 0.001), {{0, 0}, {1, 0}}).size(), 48005u);
   // A single vertex, or only repeats of it: that vertex with direction 0. A
   // repeated vertex inside a path changes nothing.
   EXPECT_EQ(run(par(0, 0.5), {{1, 2}}), (std::vector<Point2d>{{1, 2.5}}));
@@ -324,23 +248,17 @@ TEST(WobblePathProc, NothingOrOnePointOrWrapAtTheEdges) {
   // Period 0.75, samples at k / 64. The last sample, 0.00007 past the end, lies
   // more than 0.0001 * L beyond a path shorter than 1 and wraps to its start; on
   // a longer path it stays at the end vertex.
-  const auto shortPath = run(par(0, 0.75), {{0, 0}, {0.49993, 0}});
-  ASSERT_EQ(shortPath.size(), 33u);
-  EXPECT_NEAR(shortPath[32].x, 0.00007 + 0.5 * std::cos(2 * kPi * 32 / 48 + kPi / 2), 1e-9);
-  const auto longPath = run(par(0, 0.75), {{0, 0}, {1.99993, 0}});
-  ASSERT_EQ(longPath.size(), 129u);
-  EXPECT_NEAR(longPath[128].x, 1.99993 + 0.5 * std::cos(2 * kPi * 128 / 48 + kPi / 2), 1e-9);
-}
-
-TEST(WobblePathProc, NonFiniteOrHugePathsFailCleanly) {
-  std::vector<std::string> lines;
-  auto previous = utils::Logger::setSink(
-      [&](utils::LogLevel, std::string_view, std::string_view l) { lines.emplace_back(l); });
+  for (auto [end, count, x] : {std::tuple(0.49993, 33u, 0.00007), {1.99993, 129u, 1.99993}}) {
+    const auto out = run(par(0, 0.75), {{0, 0}, {end, 0}});
+    ASSERT_EQ(out.size(), count);
+    EXPECT_NEAR(out.back().x, x + 0.5 * std::cos(2 * kPi * (count - 1) / 48 + kPi / 2), 1e-9);
+  }
+  // A path whose length is not finite is skipped with a warning; one needing
+  // more samples than a vector holds throws before anything is appended.
+  testing_support::LogCapture log;
   EXPECT_TRUE(run(par(0, 0.5), {{0, 0}, {NAN, 1}}).empty());
   EXPECT_TRUE(run(par(0, 0.5), {{-1e308, 0}, {1e308, 0}}).empty());
-  utils::Logger::setSink(previous);
-  ASSERT_EQ(lines.size(), 2u);
-  EXPECT_NE(lines[0].find("path length is not finite"), std::string::npos);
+  EXPECT_TRUE(log.lines.size() == 2 && log.contains("path length is not finite"));
   WobblePathProc proc;
   proc.setWobblePar(par(0, 0.001));
   std::vector<Point2d> out{{1, 1}};
@@ -357,10 +275,8 @@ TEST(WobblePathProc, OlderGenerators) {
   double phase = 0;
   p.getPointsOnCircle({1, 1}, {1, 2.25}, out, phase);
   ASSERT_EQ(out.size(), 39u);
-  EXPECT_NEAR(out[0].x, 1, 1e-12);
-  EXPECT_NEAR(out[0].y, 1.5, 1e-12);
-  EXPECT_NEAR(out[5].x, 1 - 0.5 * std::sin(1.0), 1e-12);
-  EXPECT_NEAR(out[5].y, 1 + 0.5 * std::cos(1.0) + 5 / (10 * kPi), 1e-12);
+  EXPECT_POINT_NEAR(out[0], 1, 1.5);
+  EXPECT_POINT_NEAR(out[5], 1 - 0.5 * std::sin(1.0), 1 + 0.5 * std::cos(1.0) + 5 / (10 * kPi));
   EXPECT_NEAR(phase, kPi / 2, 1e-12);
   // Sine over two segments of 1.3 and period 0.5: the period shrinks to 0.52 so
   // that five half periods fit, samples every 0.0104, 126 + 125 of them (the
@@ -370,21 +286,18 @@ TEST(WobblePathProc, OlderGenerators) {
   p.genSin({{0, 0, 3}, {1.3, 0, 3}, {1.3, 1.3, 3}}, sine);
   ASSERT_EQ(sine.size(), 251u);
   EXPECT_NEAR(sine[125].y, 0, 1e-12);
-  EXPECT_NEAR(sine[126].x, 1.3 + 0.5 * std::sin(0.04 * kPi), 1e-12);
-  EXPECT_NEAR(sine[126].y, 0.0104, 1e-12);
   EXPECT_EQ(sine[126].flag, 0);
+  EXPECT_POINT_NEAR(sine[126], 1.3 + 0.5 * std::sin(0.04 * kPi), 0.0104);
   // Figure-eight: 60 samples per period, two periods; at 90 degrees the full
   // along-path size, or with the flag the across-path size times 0.7.
-  std::vector<Point2d> eight;
+  std::vector<Point2d> eight, flagged, none;
   p.gen8({{0, 0}, {1, 0}}, eight, false);
+  p.gen8({{0, 0}, {1, 0}}, flagged, true);
+  p.gen8({{0, 0}}, none, false);
   ASSERT_EQ(eight.size(), 120u);
   EXPECT_NEAR(eight[15].x, 0.125 + 0.5, 1e-12);
-  eight.clear();
-  p.gen8({{0, 0}, {1, 0}}, eight, true);
-  EXPECT_NEAR(eight[15].x, 0.125 + 0.25 * 0.7, 1e-7);
-  eight.clear();
-  p.gen8({{0, 0}}, eight, false);
-  EXPECT_TRUE(eight.empty());
+  EXPECT_NEAR(flagged[15].x, 0.125 + 0.25 * 0.7, 1e-7);
+  EXPECT_TRUE(none.empty());
 }
 
 }  // namespace
