@@ -1,8 +1,14 @@
 #include <param/errors.h>
 
+#include <string>
+
+#include <utils/fileError.h>
+
 namespace param {
 
-const char* errorText(SdkError code) {
+namespace {
+
+const char* plainText(SdkError code) {
   namespace u = utils::errc;
   switch (code) {
     case 0:
@@ -37,6 +43,10 @@ const char* errorText(SdkError code) {
       return "file input/output error";
     case u::writeOutOfBounds:
       return "write past the end of a mapping";
+    case u::diskFull:
+      return "no space left for the file";
+    case u::notRegularFile:
+      return "not a regular file (a directory, device or FIFO)";
     case errc::unknownEncodingOnWrite:
       return "unknown encoding requested for writing";
     case errc::badVersion:
@@ -54,6 +64,24 @@ const char* errorText(SdkError code) {
     default:
       return "unknown error";
   }
+}
+
+bool isFileCode(SdkError code) {
+  namespace u = utils::errc;
+  return code == errc::mapFailed || code == u::fileIoError || code == u::diskFull ||
+         code == u::notRegularFile || code == u::fileTooShort || code == u::writeOutOfBounds;
+}
+
+}  // namespace
+
+const char* errorText(SdkError code) {
+  const utils::FileFailure& cause = utils::lastFileFailure();
+  if (!isFileCode(code) || cause.code == 0) return plainText(code);
+  thread_local std::string text;
+  text = plainText(code);
+  text += ": ";
+  text += cause.describe();
+  return text.c_str();
 }
 
 }  // namespace param

@@ -24,6 +24,10 @@ inline constexpr SdkError badFormat = 0x270001;
 
 // A short English description of any code this library or the platform layer
 // returns ("bad base64 payload"), for messages and logs; "unknown error" else.
+// For a file code, when this thread's most recent file operation failed, the
+// text names the file and the operating system's reason: "file could not be
+// opened or mapped: open /data/job.cfg: permission denied". The text stays
+// valid until the next call of errorText on the same thread.
 PARAM_API const char* errorText(SdkError code);
 
 }  // namespace param

@@ -32,6 +32,8 @@ inline constexpr SdkError payloadTooLarge = 0x120007;  // decoded size beyond th
 inline constexpr SdkError fileTooShort = 0x130001;      // shorter than its fixed header
 inline constexpr SdkError fileIoError = 0x130002;       // open, write, flush or rename failed
 inline constexpr SdkError writeOutOfBounds = 0x130003;  // write past the end of a mapping
+inline constexpr SdkError diskFull = 0x130004;          // no space, quota or file size limit
+inline constexpr SdkError notRegularFile = 0x130005;    // a directory, device or FIFO in the way
 }  // namespace errc
 
 }  // namespace utils

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <utility>
 
+#include <utils/fileError.h>
+
 #ifdef _WIN32
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -45,23 +47,24 @@ struct Fd {
 };
 
 // Gives `fd` `size` bytes with their blocks reserved, so that a full disk shows
-// here rather than as a SIGBUS on the first write through the mapping.
-bool reserve(int fd, std::size_t size) {
-  if (size == 0) return true;
+// here rather than as a SIGBUS on the first write through the mapping. Returns 0
+// or the errno value of the failure.
+int reserve(int fd, std::size_t size) {
+  if (size == 0) return 0;
 #if defined(__APPLE__)
   // No posix_fallocate here: ask for the blocks, then set the size.
   fstore_t store{F_ALLOCATEALL, F_PEOFPOSMODE, 0, static_cast<off_t>(size), 0};
-  if (fcntl(fd, F_PREALLOCATE, &store) == -1 && errno == ENOSPC) return false;
-  return ftruncate(fd, static_cast<off_t>(size)) == 0;
+  if (fcntl(fd, F_PREALLOCATE, &store) == -1 && errno == ENOSPC) return ENOSPC;
+  return ftruncate(fd, static_cast<off_t>(size)) == 0 ? 0 : errno;
 #else
   int rc;
   do {
     rc = posix_fallocate(fd, 0, static_cast<off_t>(size));
   } while (rc == EINTR);
-  if (rc == 0) return true;
   // A file system without block reservation: set the size and hope for space.
-  if (rc == EOPNOTSUPP || rc == EINVAL) return ftruncate(fd, static_cast<off_t>(size)) == 0;
-  return false;  // ENOSPC, EFBIG, EIO...
+  if (rc == EOPNOTSUPP || rc == EINVAL)
+    return ftruncate(fd, static_cast<off_t>(size)) == 0 ? 0 : errno;
+  return rc;  // 0, ENOSPC, EFBIG, EIO...
 #endif
 }
 
@@ -110,12 +113,21 @@ ro_mmfile::ro_mmfile(const path& file, std::size_t size, std::uint64_t offset, u
   base_ = view;
   mapped_ = length + lead;
 #else
+  clearFileFailure();
   // O_NONBLOCK: a FIFO must not hang the open; it is refused below as not a regular file.
   Fd fd{::open(file.native().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
   struct stat st {};
-  if (fd.fd < 0 || fstat(fd.fd, &st) != 0 || !S_ISREG(st.st_mode)) return;
+  if (fd.fd < 0 || fstat(fd.fd, &st) != 0) {
+    recordFileFailure(error_, "open", file, errno);
+    return;
+  }
+  if (!S_ISREG(st.st_mode)) {
+    recordFileFailure(error_, "open (not a regular file)", file, S_ISDIR(st.st_mode) ? EISDIR : 0);
+    return;
+  }
   const auto total = static_cast<std::uint64_t>(st.st_size);
   if (offset > total || (size != all && size > total - offset) || total - offset > SIZE_MAX) {
+    recordFileFailure(error_, "map (range past the end of the file)", file, EINVAL);
     return;
   }
   const std::size_t length = size == all ? static_cast<std::size_t>(total - offset) : size;
@@ -135,7 +147,10 @@ ro_mmfile::ro_mmfile(const path& file, std::size_t size, std::uint64_t offset, u
   if (flags & mmflags::populate) mapFlags |= MAP_POPULATE;
 #endif
   void* view = mmap(nullptr, length + lead, PROT_READ, mapFlags, fd.fd, static_cast<off_t>(start));
-  if (view == MAP_FAILED) return;
+  if (view == MAP_FAILED) {
+    recordFileFailure(error_, "map", file, errno);
+    return;
+  }
   if (flags & mmflags::sequential) (void)madvise(view, length + lead, MADV_SEQUENTIAL);
   base_ = view;
   mapped_ = length + lead;
@@ -227,11 +242,22 @@ wo_mmfile::wo_mmfile(const path& file, std::size_t size) {
   data_ = static_cast<std::uint8_t*>(view);
   fd_ = fd;
 #else
+  clearFileFailure();
   const int fd = ::open(file.native().c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (fd < 0) return;
+  if (fd < 0) {
+    recordFileFailure(error_, "create", file, errno);
+    return;
+  }
   void* view = nullptr;
-  if (!reserve(fd, size) || (size != 0 && (view = mmap(nullptr, size, PROT_READ | PROT_WRITE,
-                                                       MAP_SHARED, fd, 0)) == MAP_FAILED)) {
+  if (const int rc = reserve(fd, size)) {
+    ::close(fd);
+    error_ = fileCodeFor(rc, error_);
+    recordFileFailure(error_, "reserve space for", file, rc);
+    return;
+  }
+  if (size != 0 &&
+      (view = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)) == MAP_FAILED) {
+    recordFileFailure(error_, "map", file, errno);
     ::close(fd);
     return;
   }

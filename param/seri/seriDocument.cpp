@@ -1,5 +1,7 @@
 #include <param/seri/seriDocument.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 #include <utils/algorithm/aes.h>
@@ -7,6 +9,8 @@
 #include <utils/algorithm/codec.h>
 #include <utils/algorithm/lzma.h>
 #include <utils/algorithm/xor.h>
+#include <utils/atomicFile.h>
+#include <utils/fileError.h>
 #include <utils/logger.h>
 #include <utils/mmfile.h>
 
@@ -71,13 +75,37 @@ std::uint64_t loadWord(const std::uint8_t* in) {
   return word;
 }
 
+// "write document /data/job.cfg failed, 0x130004: reserve space for
+// /data/job.cfg.tmp: no space left on device". A file that is not there is
+// reported at information level: whether that is a fault is the caller's call.
 void logFailure(const char* what, const utils::path& file, SdkError code) {
-  utils::Logger(utils::LogLevel::Error, "Param")
-      .write(what)
-      .write(" ")
-      .write(file)
-      .write(" failed, ")
-      .write(code);
+  const utils::FileFailure& cause = utils::lastFileFailure();
+  const bool missing = cause.code != 0 && cause.osError == ENOENT && cause.path == file.string();
+  utils::Logger log(missing ? utils::LogLevel::Info : utils::LogLevel::Error, "Param");
+  log.write(what).write(" ").write(file).write(" failed, ").write(code);
+  if (cause.code != 0) log.write(": ").write(cause.describe());
+}
+
+// Base64 and XOR need no buffer of their own: the text is encoded a slice at a
+// time. The slice is a multiple of 3 (base64 groups) and of 16 (the XOR key).
+constexpr std::size_t kSlice = 3 * 16 * 16384;
+
+SdkError appendEncoded(utils::AtomicFile& out, const std::string& text, SeriOption option) {
+  const bool base64 = option.encoding() == SeriOption::Base64;
+  std::string buffer(base64 ? alg::base64::encodedSize(kSlice) : kSlice, '\0');
+  for (std::size_t at = 0; at < text.size(); at += kSlice) {
+    const std::size_t n = std::min(kSlice, text.size() - at);
+    std::size_t produced = n;
+    if (base64) {
+      produced = alg::base64::encodedSize(n);
+      alg::base64::encodeTo(text.data() + at, n, buffer.data());
+    } else {
+      alg::XOR::encodeTo(text.data() + at, n, documentKey(option.keyIndex()), 16,
+                         reinterpret_cast<std::uint8_t*>(buffer.data()));
+    }
+    if (SdkError e = out.append(buffer.data(), produced)) return e;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -130,6 +158,7 @@ SdkError SeriDocument::getSeriArray(const char* key, SeriArray& out) const {
 }
 
 SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) const {
+  utils::clearFileFailure();
   if (info_.extension.empty()) info_.extension = file.getExtensionA();
 
   // The block's own result is deliberately not checked: a document whose block
@@ -139,12 +168,12 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
 
   const std::string text = stringfy();
 
-  // Base64 and XOR are encoded straight into the mapped file; the other
+  // Base64 and XOR are encoded slice by slice into the file; the other
   // encodings first into memory, so that a codec failure leaves no file behind.
   const unsigned encoding = option.encoding();
   const bool direct = encoding == SeriOption::Base64 || encoding == SeriOption::Xor;
   std::string payload;
-  std::size_t payloadSize = 0;
+  std::uint64_t payloadSize = 0;
   if (encoding == SeriOption::Base64) {
     payloadSize = alg::base64::encodedSize(text.size());
   } else if (encoding == SeriOption::Xor) {
@@ -156,40 +185,23 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
     payloadSize = payload.size();
   }
 
-  const utils::path temporary = file.replaceFilename(file.filenameW() + L".tmp");
-  SdkError result = 0;
-  {
-    utils::wo_mmfile out(temporary, payloadSize + kHeaderSize);
-    if (!out.is_open()) {
-      result = errc::mapFailed;
-    } else {
-      std::uint8_t header[kHeaderSize];
-      storeWord(option.word, header);
-      result = out.write(0, header, kHeaderSize);
-      if (result == 0 && direct) {
-        std::uint8_t* target = out.data() + kHeaderSize;
-        if (encoding == SeriOption::Base64) {
-          alg::base64::encodeTo(text.data(), text.size(), reinterpret_cast<char*>(target));
-        } else {
-          alg::XOR::encodeTo(text.data(), text.size(), documentKey(option.keyIndex()), 16, target);
-        }
-      } else if (result == 0) {
-        result = out.write(kHeaderSize, payload.data(), payload.size());
-      }
-      if (result == 0) result = out.flush();
-    }
+  // Only a complete, flushed file replaces the target: on any failure the
+  // temporary file is removed and the target keeps its old content.
+  utils::AtomicFile out;
+  std::uint8_t header[kHeaderSize];
+  storeWord(option.word, header);
+  SdkError result = out.open(file, payloadSize + kHeaderSize, errc::mapFailed);
+  if (result == 0) result = out.append(header, kHeaderSize);
+  if (result == 0) {
+    result = direct ? appendEncoded(out, text, option) : out.append(payload.data(), payload.size());
   }
-  // The temporary file replaces the target in every case; its name less ".tmp"
-  // is the target's.
-  std::wstring name = temporary.filenameW();
-  name.resize(name.size() - 4);
-  const SdkError renamed = utils::path::rename(temporary, temporary.replaceFilename(name));
-  if (result == 0) result = renamed;
+  if (result == 0) result = out.commit();
   if (result != 0) logFailure("write document", file, result);
   return result;
 }
 
 SdkError SeriDocument::readFromFile(const utils::path& file) {
+  utils::clearFileFailure();
   const utils::ro_mmfile in(file, utils::ro_mmfile::all, 0,
                             utils::mmflags::sequential | utils::mmflags::populate);
   if (!in.is_open()) {

@@ -48,13 +48,19 @@ class PARAM_API SeriDocument : public SeriObject {
   SdkError setSeriArray(const char* key, SeriArray&& child);
   SdkError getSeriArray(const char* key, SeriArray& out) const;
 
-  // Writes the document to `file` through "<file>.tmp" in the same directory,
-  // which is flushed to disk and then renamed over `file`. An empty info
-  // extension takes the file's extension first, and the information block is
-  // stored in the document. errc::unknownEncodingOnWrite (nothing written) for an
-  // encoding above 3, errc::mapFailed when the temporary file cannot be created,
-  // else the codec's or the file system's code. The temporary file is renamed
-  // over `file` even after a failed write, as the file format has always done.
+  // Writes the document to `file` through a temporary file in the same
+  // directory, which is flushed to disk and then renamed over `file`
+  // (utils::AtomicFile: links are followed, the old file's permissions kept,
+  // concurrent writers take turns). Only a complete file ever replaces the
+  // target: on any failure the target keeps its old content and no temporary
+  // file is left. An empty info extension takes the file's extension first, and
+  // the information block is stored in the document. Codes:
+  // errc::unknownEncodingOnWrite (nothing written) for an encoding above 3,
+  // errc::mapFailed when the temporary file cannot be created,
+  // utils::errc::diskFull for no space, utils::errc::notRegularFile when `file`
+  // is a directory, device or FIFO, utils::errc::fileIoError for a failed
+  // flush or rename, else the codec's code. The cause is logged and kept in
+  // utils::lastFileFailure (param::errorText shows it).
   SdkError writeToFile(const utils::path& file, SeriOption option) const;
 
   // Replaces the content by the document in `file` and loads its information
