@@ -268,7 +268,7 @@ SdkError AtomicFile::open(const path& target, std::uint64_t size, SdkError openF
   struct stat st {};
   if (::stat(target.native().c_str(), &st) == 0) {
     if (!S_ISREG(st.st_mode)) {
-      return recordFileFailure(errc::notRegularFile, "replace (not a regular file)", target,
+      return recordFileFailure(errc::notRegularFile, "replace", target,
                                S_ISDIR(st.st_mode) ? EISDIR : 0);
     }
     keepAttributes_ = true;

@@ -122,7 +122,7 @@ ro_mmfile::ro_mmfile(const path& file, std::size_t size, std::uint64_t offset, u
     return;
   }
   if (!S_ISREG(st.st_mode)) {
-    recordFileFailure(error_, "open (not a regular file)", file, S_ISDIR(st.st_mode) ? EISDIR : 0);
+    recordFileFailure(error_, "open", file, S_ISDIR(st.st_mode) ? EISDIR : 0);
     return;
   }
   const auto total = static_cast<std::uint64_t>(st.st_size);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include <param/errors.h>
@@ -62,6 +63,14 @@ TEST_F(Managers, LifeCycleAndItsLogLines) {
   EXPECT_EQ(param::load({missing}), 0u);
   EXPECT_TRUE(hasLine(log, LogLevel::Error,
                       "load default param from " + missing.string() + " failed, 0x230004"));
+  // A file that is not there yet is the first start: the document's own line
+  // says so at information level, the only error line is the manager's.
+  EXPECT_TRUE(hasLine(log, LogLevel::Info,
+                      "open document " + missing.string() + " failed, 0x230004: open " +
+                          missing.string() + ": not found"));
+  EXPECT_EQ(std::count_if(log.lines.begin(), log.lines.end(),
+                          [](const auto& l) { return l.level == LogLevel::Error; }),
+            1);
   EXPECT_TRUE(hasLine(log, LogLevel::Verbose, "defaultParamMgr loaded."));
   EXPECT_TRUE(hasLine(log, LogLevel::Verbose, "colorMgr loaded."));
   auto mgr = DefaultParamMgr::instance();
@@ -130,6 +139,9 @@ TEST_F(Managers, BrokenDefaultFilesAreLoggedAndLeaveBuiltInValues) {
       {"not JSON", std::string(8, '\0') + "bm90IGpzb24="},
       {"no header", "{\"struct FillLayerParam\":{}}"},
   };
+  // The first store keeps the unreadable file under a name that says so, and a
+  // second unreadable file does not replace the first one kept.
+  int round = 0;
   for (const auto& [what, bytes] : broken) {
     SCOPED_TRACE(what);
     const fs::path file = dir / "broken.cfg";
@@ -138,6 +150,23 @@ TEST_F(Managers, BrokenDefaultFilesAreLoggedAndLeaveBuiltInValues) {
     EXPECT_EQ(param::load({file}), 0u);
     EXPECT_TRUE(log.contains("load default param from"));
     EXPECT_EQ(FillLayerParam().fillType, 4);
+    EXPECT_EQ(DefaultParamMgr::storeDefault("struct FillLayerParam", FillLayerParam()), 0u);
+    const std::string kept =
+        file.string() + ".unreadable" + (round++ ? "-" + std::to_string(round) : "");
+    EXPECT_EQ(readFile(kept), bytes);
+    EXPECT_TRUE(log.contains("could not be read; it is kept as " + kept));
+    param::unload();
+    SeriDocument written(utils::JsonLoad::instance);
+    EXPECT_EQ(written.readFromFile(file), 0u);
+  }
+
+  // A defaults file that cannot be saved says which default stays unsaved.
+  {
+    ASSERT_EQ(param::load({dir / "gone" / "defaults.cfg"}), 0u);
+    LogCapture log;
+    EXPECT_EQ(DefaultParamMgr::storeDefault("struct FillLayerParam", FillLayerParam()), 0u);
+    EXPECT_TRUE(log.contains("the default \"struct FillLayerParam\" is kept in memory only"));
+    EXPECT_TRUE(log.contains("gone/defaults.cfg.tmp: not found"));
     param::unload();
   }
 
