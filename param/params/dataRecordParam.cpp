@@ -22,6 +22,10 @@ struct ResetTimeField {
     return 0;
   }
   SdkError write(KeySink& dst) const { return dst.put(time.toISOString()); }
+  static void describe(SeriObject& prop) {
+    prop.set("type", "string");
+    prop.set("description", "date and time as 1970-01-01T08:00:00");
+  }
 };
 template <class Time>
 ResetTimeField(Time&) -> ResetTimeField<Time>;

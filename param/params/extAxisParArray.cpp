@@ -1,5 +1,7 @@
 #include <param/params/extAxisParArray.h>
 
+#include <param/seri/recordSchema.h>
+
 namespace param {
 
 ExtAxisParArray::ExtAxisParArray(int count) {
@@ -12,5 +14,7 @@ ExtAxisParArray::ExtAxisParArray(int count) {
 ExtAxisParArray::ExtAxisParArray(const ExtAxisPar& axis) {
   push_back(axis);
 }
+
+PARAM_RECORD_ARRAY_TYPE(ExtAxisParArray)
 
 }  // namespace param

@@ -16,6 +16,9 @@ struct LayerArray {
   Layers& layers;
 
   SdkError read(const KeySource& src) { return FixedArrayIo<FillLayerParam, 3>::read(src, layers); }
+  static void describe(SeriObject& prop) {
+    describeArray(prop, &FieldSchema<FillLayerParam>::describe, 3);
+  }
   SdkError write(KeySink& dst) const {
     SeriArray arr(utils::JsonSave::instance);
     arr.reserve(3);

@@ -19,6 +19,10 @@ struct BareArrayField {
     return errorStep(array.loadElements(items));
   }
 
+  static void describe(SeriObject& prop) {
+    describeArray(prop, &FieldSchema<typename A::value_type>::describe, 0);
+  }
+
   SdkError write(KeySink& dst) const {
     SeriArray items(utils::JsonSave::instance);
     array.saveElements(items);

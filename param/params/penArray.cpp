@@ -1,5 +1,7 @@
 #include <param/params/penArray.h>
 
+#include <param/seri/recordSchema.h>
+
 namespace param {
 
 PenArray::PenArray(int count) {
@@ -8,5 +10,7 @@ PenArray::PenArray(int count) {
   for (int i = 0; i < count; ++i)
     (*this)[static_cast<std::size_t>(i)].penId = i;
 }
+
+PARAM_RECORD_ARRAY_TYPE(PenArray)
 
 }  // namespace param

@@ -361,11 +361,16 @@ SdkError FieldIo<Point2dConcept<C>>::write(auto& dst, const Point2dConcept<C>& p
 }  // namespace param
 
 // Defines Record::load and Record::save from the keys() function of the same
-// source file: both directions walk the one key list.
+// source file: both directions walk the one key list. It also registers the
+// type (recordRegistry.h), with its schema from the same list.
 #define PARAM_RECORD_IO(Record)                                    \
   ::param::SdkError Record::load(const ::param::SeriObject& obj) { \
     return keys(::param::RecordLoader(obj), *this);                \
   }                                                                \
   ::param::SdkError Record::save(::param::SeriObject& obj) const { \
     return keys(::param::RecordSaver(obj), *this);                 \
-  }
+  }                                                                \
+  PARAM_RECORD_TYPE(Record)
+
+// The schema walker and the registration that PARAM_RECORD_IO adds.
+#include <param/seri/recordSchema.h>

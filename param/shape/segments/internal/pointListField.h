@@ -37,6 +37,10 @@ struct PointListField {
     return 0;
   }
 
+  static void describe(SeriObject& prop) {
+    describeArray(prop, &FieldSchema<Point2d>::describe, 0);
+  }
+
   SdkError write(KeySink& dst) const {
     return FieldIo<std::vector<Point2d>>::write(dst,
                                                 static_cast<const std::vector<Point2d>&>(points));
