@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test through ctest: first the
-# release build, then the Debug build with AddressSanitizer and UBSan.
+# release build, then a compile-only check of the Windows branches (with the
+# mingw-w64 cross compiler), then the Debug build with AddressSanitizer and UBSan.
 # PARAM_SKIP_ASAN=1 runs the release build only.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -11,6 +12,9 @@ jobs=$(nproc 2>/dev/null || echo 2)
 echo "== release build =="
 scripts/build.sh release
 ctest --preset release -j "$jobs"
+
+# The Windows branches of the platform layer and the library still compile.
+scripts/windows-check.sh
 
 if [ "${PARAM_SKIP_ASAN:-0}" != "1" ]; then
   echo "== asan build (AddressSanitizer + UndefinedBehaviorSanitizer) =="
