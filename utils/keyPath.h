@@ -9,7 +9,7 @@
 namespace utils {
 
 // The path of the JSON member that this thread is reading, from the outermost
-// object the walk started at: "params[3].laserPower", "axParArray[1].axisNo".
+// object the walk started at: "params[3].laserPower", "axParArray[1].setting.axisId".
 //
 // Whoever walks a tree pushes each key or index it enters and pops it when it
 // is done (Scope does both). Keys are kept as the pointers given, so keeping the

@@ -25,10 +25,14 @@ namespace param {
 
 using utils::SdkError;
 
+// For record walkers: marks the member at the top of utils::KeyPath as failed
+// with `code`, logs it and hands it to the innermost LoadReport.
+PARAM_API void reportSkippedKey(SdkError code, std::string found, std::string kept);
+
 // One key a load could not read.
 struct SkippedKey {
   // From the outermost record loaded: "params[3].laserPower",
-  // "axParArray[1].axisNo", "vDivStep[2]".
+  // "axParArray[1].setting.axisId", "vDivStep[2]".
   std::string path;
   // utils::errc::keyMissing, wrongType or outOfRange, or whatever the member's
   // own rules refused it with.
@@ -58,14 +62,10 @@ class PARAM_API LoadReport {
   void clear() { entries_.clear(); }
 
  private:
-  friend PARAM_API void reportSkippedKey(SdkError code, std::string found, std::string kept);
+  friend void reportSkippedKey(SdkError code, std::string found, std::string kept);
 
   LoadReport* outer_;
   std::vector<SkippedKey> entries_;
 };
-
-// For record walkers: marks the member at the top of utils::KeyPath as failed
-// with `code`, logs it and hands it to the innermost LoadReport.
-PARAM_API void reportSkippedKey(SdkError code, std::string found, std::string kept);
 
 }  // namespace param
