@@ -9,6 +9,7 @@
 
 // Serialisation nodes and documents
 #include <param/seri/errorStep.h>
+#include <param/seri/loadReport.h>
 #include <param/seri/recordIo.h>
 #include <param/seri/seriArray.h>
 #include <param/seri/seriDocument.h>

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "internal/jsonText.h"
 
@@ -122,6 +123,68 @@ SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& 
   } else {
     node = std::make_shared<bj::array>(std::move(v.get_array()));
   }
+  return 0;
+}
+
+// The JSON text of any value.
+std::string valueText(const bj::value& v) {
+  if (const bj::object* o = v.if_object()) return writeJson(*o);
+  if (const bj::array* a = v.if_array()) return writeJson(*a);
+  bj::array one;
+  one.push_back(v);
+  const std::string text = writeJson(one);
+  return text.substr(1, text.size() - 2);
+}
+
+// Moves the container held by `slot` (of kind T) into a node of its own.
+template <class T>
+void moveOut(bj::value& slot, std::shared_ptr<void>& out) {
+  if constexpr (std::is_same_v<T, bj::object>) {
+    out = std::make_shared<bj::object>(std::move(slot.get_object()));
+  } else {
+    out = std::make_shared<bj::array>(std::move(slot.get_array()));
+  }
+}
+
+template <class T>
+bool isKind(const bj::value& v) {
+  if constexpr (std::is_same_v<T, bj::object>) {
+    return v.is_object();
+  } else {
+    return v.is_array();
+  }
+}
+
+// Element `index` of the array `node` becomes `v`; index size() appends.
+SdkError storeAt(std::shared_ptr<void>& node, std::size_t index, bj::value&& v) {
+  const std::size_t size = node ? as<const bj::array>(node)->size() : 0;
+  if (index > size) return errc::indexOutOfRange;
+  bj::array& a = exclusive<bj::array>(node);
+  if (index == size) {
+    a.push_back(std::move(v));
+  } else {
+    a[index] = std::move(v);
+  }
+  return 0;
+}
+
+// Moves the member `key` (of kind T) of the object `node` out into `out`.
+template <class T>
+SdkError takeMember(std::shared_ptr<void>& node, const char* key, std::shared_ptr<void>& out) {
+  if (!node || key == nullptr) return errc::keyMissing;
+  const bj::value* found = as<const bj::object>(node)->if_contains(key);
+  if (found == nullptr) return errc::keyMissing;
+  if (!isKind<T>(*found)) return errc::wrongType;
+  moveOut<T>(*exclusive<bj::object>(node).if_contains(key), out);
+  return 0;
+}
+
+// Moves element `index` (of kind T) of the array `node` out into `out`.
+template <class T>
+SdkError takeElement(std::shared_ptr<void>& node, std::size_t index, std::shared_ptr<void>& out) {
+  if (!node || index >= as<const bj::array>(node)->size()) return errc::indexOutOfRange;
+  if (!isKind<T>((*as<const bj::array>(node))[index])) return errc::wrongType;
+  moveOut<T>(exclusive<bj::array>(node)[index], out);
   return 0;
 }
 
@@ -313,6 +376,19 @@ SdkError JsonObject::setJsonArray(const char* key, JsonArray&& child) {
   return 0;
 }
 
+SdkError JsonObject::takeJsonObject(const char* key, JsonObject& out) {
+  return takeMember<bj::object>(node_, key, out.node_);
+}
+
+SdkError JsonObject::takeJsonArray(const char* key, JsonArray& out) {
+  return takeMember<bj::array>(node_, key, out.node_);
+}
+
+std::string JsonObject::memberText(const char* key) const {
+  const void* v = find(key);
+  return v ? valueText(asValue(v)) : std::string();
+}
+
 std::vector<std::string> JsonObject::keys() const {
   std::vector<std::string> out;
   if (!node_) return out;
@@ -416,6 +492,43 @@ SdkError JsonArray::addJsonArray(JsonArray&& child) {
   bj::value v = release<bj::array>(child.node_);
   exclusive<bj::array>(node_).push_back(std::move(v));
   return 0;
+}
+
+SdkError JsonArray::setScalar(std::size_t index, const detail::ScalarValue& value) {
+  return storeAt(node_, index, makeValue(value));
+}
+
+SdkError JsonArray::set(std::size_t index, std::string_view in) {
+  return storeAt(node_, index, bj::string(in));
+}
+
+SdkError JsonArray::setJsonObject(std::size_t index, JsonObject&& child) {
+  if (index > size()) return errc::indexOutOfRange;
+  return storeAt(node_, index, release<bj::object>(child.node_));
+}
+
+SdkError JsonArray::setJsonArray(std::size_t index, JsonArray&& child) {
+  if (index > size()) return errc::indexOutOfRange;
+  return storeAt(node_, index, release<bj::array>(child.node_));
+}
+
+SdkError JsonArray::takeJsonObject(std::size_t index, JsonObject& out) {
+  return takeElement<bj::object>(node_, index, out.node_);
+}
+
+SdkError JsonArray::takeJsonArray(std::size_t index, JsonArray& out) {
+  return takeElement<bj::array>(node_, index, out.node_);
+}
+
+void JsonArray::truncate(std::size_t count) {
+  if (count >= size()) return;
+  bj::array& a = exclusive<bj::array>(node_);
+  a.erase(a.begin() + static_cast<std::ptrdiff_t>(count), a.end());
+}
+
+std::string JsonArray::elementText(std::size_t index) const {
+  const void* v = at(index);
+  return v ? valueText(asValue(v)) : std::string();
 }
 
 std::string JsonArray::stringfy(int indent) const {

@@ -164,6 +164,17 @@ class UTILS_API JsonObject {
   SdkError setJsonObject(const char* key, JsonObject&& child);
   SdkError setJsonArray(const char* key, JsonArray&& child);
 
+  // Moves the object or array stored under `key` out into `out`, to be edited
+  // and stored back with setJsonObject or setJsonArray: the member keeps its
+  // place, holding an empty object or array meanwhile, and nothing is copied
+  // beyond making this node's storage its own. errc::keyMissing or
+  // errc::wrongType otherwise, `out` untouched.
+  SdkError takeJsonObject(const char* key, JsonObject& out);
+  SdkError takeJsonArray(const char* key, JsonArray& out);
+
+  // The JSON text of one member ("75", "\"75\"", "{...}"); empty when missing.
+  std::string memberText(const char* key) const;
+
   std::vector<std::string> keys() const;
   std::size_t size() const;
   bool empty() const { return size() == 0; }
@@ -233,6 +244,33 @@ class UTILS_API JsonArray {
   SdkError addJsonObject(JsonObject&& child);
   SdkError addJsonArray(JsonArray&& child);
 
+  // Replace element `index`; at index size() they append.
+  // errc::indexOutOfRange beyond that.
+  template <JsonScalar T>
+  SdkError set(std::size_t index, const T& in) {
+    return setScalar(index, detail::makeScalar(in));
+  }
+  SdkError set(std::size_t index, std::string_view in);
+  SdkError set(std::size_t index, const std::string& in) {
+    return set(index, std::string_view(in));
+  }
+  SdkError set(std::size_t index, const char* in) {
+    return set(index, std::string_view(in ? in : ""));
+  }
+  SdkError setJsonObject(std::size_t index, JsonObject&& child);
+  SdkError setJsonArray(std::size_t index, JsonArray&& child);
+
+  // As JsonObject::takeJsonObject, for element `index`
+  // (errc::indexOutOfRange past the end).
+  SdkError takeJsonObject(std::size_t index, JsonObject& out);
+  SdkError takeJsonArray(std::size_t index, JsonArray& out);
+
+  // Drops the elements from position `count` on.
+  void truncate(std::size_t count);
+
+  // The JSON text of one element; empty past the end.
+  std::string elementText(std::size_t index) const;
+
   std::string stringfy() const { return stringfy(0); }
   std::string stringfy(int indent) const;
   // Replaces the content by the parsed text, which must be one JSON array.
@@ -242,6 +280,7 @@ class UTILS_API JsonArray {
   friend class JsonObject;
   const void* at(std::size_t index) const;  // boost::json::value*, or null
   SdkError addScalar(const detail::ScalarValue& value);
+  SdkError setScalar(std::size_t index, const detail::ScalarValue& value);
 
   // A boost::json::array, possibly inside a larger tree that it keeps alive.
   std::shared_ptr<void> node_;

@@ -9,8 +9,8 @@
 namespace param {
 namespace {
 
-// "layer": loaded like any fixed array; saved up to the first layer that fails,
-// whose error is dropped.
+// "layer": loaded like any fixed array; saved over the stored layers up to the
+// first layer that fails, whose error is dropped.
 template <class Layers>
 struct LayerArray {
   Layers& layers;
@@ -20,14 +20,14 @@ struct LayerArray {
     describeArray(prop, &FieldSchema<FillLayerParam>::describe, 3);
   }
   SdkError write(KeySink& dst) const {
-    SeriArray arr(utils::JsonSave::instance);
-    arr.reserve(3);
-    for (const FillLayerParam& layer : layers) {
-      SeriObject child(utils::JsonSave::instance);
-      if (layer.save(child) != 0) break;
-      arr.addSeriObject(std::move(child));
-    }
-    return dst.putArray(std::move(arr));
+    return editArrayAt(dst, [this](SeriArray& arr) {
+      arr.reserve(3);
+      for (std::size_t i = 0; i < 3; ++i) {
+        IndexSink sink{arr, i};
+        if (FieldIo<FillLayerParam>::write(sink, layers[i]) != 0) break;
+      }
+      return SdkError{0};
+    });
   }
 };
 template <class Layers>

@@ -8,7 +8,8 @@ namespace param {
 namespace {
 
 // A ParamArray stored as the bare JSON array of its elements instead of its own
-// {"params": [...]} form, with the array's own in-place loading and saving rules.
+// {"params": [...]} form, with the array's own in-place loading and saving rules
+// (saved over the stored array, element by element).
 template <class A>
 struct BareArrayField {
   A& array;
@@ -24,9 +25,10 @@ struct BareArrayField {
   }
 
   SdkError write(KeySink& dst) const {
-    SeriArray items(utils::JsonSave::instance);
-    array.saveElements(items);
-    return errorStep(dst.putArray(std::move(items)));
+    return errorStep(editArrayAt(dst, [this](SeriArray& items) {
+      array.saveElements(items);
+      return SdkError{0};
+    }));
   }
 };
 

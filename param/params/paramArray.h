@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
+#include <utils/keyPath.h>
+
 #include <param/seri/errorStep.h>
+#include <param/seri/recordIo.h>
 #include <param/seri/seriObject.h>
 
 namespace param {
@@ -19,8 +23,15 @@ namespace param {
 // element that cannot be fetched or loaded ends the loop; its code then goes
 // through the error-response step once more.
 //
-// Saving stops quietly at the first element whose save fails: the stored array
-// holds the elements before it and the save reports success.
+// Saving writes element i over the object stored at position i of "params"
+// (keeping the members this build does not know) or, past the stored ones, as
+// a fresh object, and drops stored objects beyond the array's size. It stops
+// quietly at the first element whose save fails and reports success: a fresh
+// array holds the elements before it, a stored one keeps its objects from that
+// element on.
+//
+// While loading, the load path (utils::KeyPath) holds "params" and the element
+// index, so a key of pen 3 reads "params[3].laserPower".
 template <class T>
 struct ParamArray : std::vector<T> {
   using std::vector<T>::vector;
@@ -31,6 +42,7 @@ struct ParamArray : std::vector<T> {
   // The element rules of load and save on a bare array of element objects, for
   // records that store the array directly under a key of their own. They return
   // the raw code; load and save put it through the error-response step.
+  // saveElements writes over the objects `out` holds, as save does.
   SdkError loadElements(const SeriArray& saved);
   void saveElements(SeriArray& out) const;
 
@@ -48,17 +60,30 @@ struct ParamArray : std::vector<T> {
 
 template <class T>
 SdkError ParamArray<T>::load(const SeriObject& obj) {
+  utils::KeyPath& path = utils::KeyPath::current();
+  utils::KeyPath::Scope at(path, "params");
+  const KeySource src{obj, "params"};
   SeriArray saved(utils::JsonLoad::instance);
-  SdkError e = obj.getSeriArray("params", saved);
+  SdkError e = src.getArray(saved);
   if (e == 0) e = loadElements(saved);
+  if (e != 0) {
+    reportSkippedAs(path, e, src, [this](KeySink& sink) {
+      return editArrayAt(sink, [this](SeriArray& items) {
+        saveElements(items);
+        return SdkError{0};
+      });
+    });
+  }
   return errorStep(e);
 }
 
 template <class T>
 SdkError ParamArray<T>::save(SeriObject& obj) const {
-  SeriArray out(utils::JsonSave::instance);
-  saveElements(out);
-  return errorStep(obj.setSeriArray("params", std::move(out)));
+  KeySink dst{obj, "params"};
+  return errorStep(editArrayAt(dst, [this](SeriArray& items) {
+    saveElements(items);
+    return SdkError{0};
+  }));
 }
 
 template <class T>
@@ -69,28 +94,38 @@ SdkError ParamArray<T>::loadElements(const SeriArray& saved) {
     if (n > this->max_size()) throw std::length_error("vector<T> too long");
     this->reserve(n);
   }
+  utils::KeyPath& path = utils::KeyPath::current();
   for (std::size_t i = 0; i < n; ++i) {
+    std::optional<T> appended;
+    if (i >= c) appended.emplace();
+    T& element = i < c ? (*this)[i] : *appended;
+    utils::KeyPath::Scope at(path, i);
+    const IndexSource src{saved, i};
     SeriObject child(utils::JsonLoad::instance);
-    if (SdkError e = saved.getSeriObject(i, child)) return e;
-    if (i < c) {
-      if (SdkError e = (*this)[i].load(child)) return e;
-    } else {
-      T element{};
-      if (SdkError e = element.load(child)) return e;
-      this->push_back(std::move(element));
+    SdkError e = src.getObject(child);
+    if (e == 0) e = element.load(child);
+    if (e != 0) {
+      // An appended element that failed is not kept.
+      if (i < c) {
+        reportSkipped(path, e, src, element);
+      } else {
+        reportSkippedAs(path, e, src, [](KeySink&) { return SdkError{0}; });
+      }
+      return e;
     }
+    if (appended) this->push_back(std::move(*appended));
   }
   return 0;
 }
 
 template <class T>
 void ParamArray<T>::saveElements(SeriArray& out) const {
-  out.reserve(out.size() + this->size());
-  for (const T& element : *this) {
-    SeriObject child(utils::JsonSave::instance);
-    if (element.save(child) != 0) break;
-    out.addSeriObject(std::move(child));
+  out.reserve(this->size());
+  for (std::size_t i = 0; i < this->size(); ++i) {
+    IndexSink sink{out, i};
+    if (FieldIo<T>::write(sink, (*this)[i]) != 0) return;
   }
+  out.truncate(this->size());
 }
 
 }  // namespace param

@@ -2,6 +2,8 @@
 
 #include <utils/logger.h>
 
+#include "internal/quietErrorSteps.h"
+
 namespace param {
 
 void logUnreadableElement(const char* key, SdkError code) {
@@ -10,6 +12,14 @@ void logUnreadableElement(const char* key, SdkError code) {
       .write(key)
       .write("\" holds an unreadable element, load stopped: ")
       .write(code);
+}
+
+std::string savedText(const std::function<SdkError(KeySink&)>& write) {
+  internal::QuietErrorSteps quiet;
+  SeriObject scratch(utils::JsonSave::instance);
+  KeySink sink{scratch, "value"};
+  write(sink);
+  return scratch.memberText("value");
 }
 
 }  // namespace param

@@ -18,7 +18,17 @@
 //
 // Each key goes through the error-response step (errorStep): on Abort the walk
 // stops and returns the key's code, otherwise the member keeps its value and the
-// walk goes on. The kind of a member decides how it is stored (FieldIo below):
+// walk goes on. Loading keeps utils::KeyPath up to date with the key or element
+// being read, and a key or element that cannot be read is reported once, where
+// it failed, with its path (loadReport.h).
+//
+// Saving into an object that already holds the record's keys (the object it
+// was loaded from) updates them in place and keeps every other member, at every
+// depth: a child record, point, fixed array or list is written over the object
+// or array stored under its key, element i of an array over element i. A fresh
+// object gets exactly the keys of the record, in order.
+//
+// The kind of a member decides how it is stored (FieldIo below):
 //
 //   bool, integers, float, double, enums  a JSON number or boolean
 //   std::string                           a string
@@ -37,6 +47,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -44,9 +55,11 @@
 #include <vector>
 
 #include <utils/json.h>
+#include <utils/keyPath.h>
 
 #include <param/export.h>
 #include <param/seri/errorStep.h>
+#include <param/seri/loadReport.h>
 #include <param/seri/seriObject.h>
 #include <param/shape/point2dConcept.h>
 
@@ -65,8 +78,13 @@ struct KeySource {
   }
   SdkError getObject(SeriObject& out) const { return obj.getSeriObject(key, out); }
   SdkError getArray(SeriArray& out) const { return obj.getSeriArray(key, out); }
+  // The JSON text stored there, for reports; empty when missing.
+  std::string text() const { return obj.memberText(key); }
 };
 
+// Sinks put values, and take out the object or array stored there for editing
+// in place (errc::keyMissing, errc::wrongType or errc::indexOutOfRange when
+// there is none); editObjectAt and editArrayAt below use them.
 struct KeySink {
   SeriObject& obj;
   const char* key;
@@ -77,6 +95,8 @@ struct KeySink {
   }
   SdkError putObject(SeriObject&& child) { return obj.setSeriObject(key, std::move(child)); }
   SdkError putArray(SeriArray&& child) { return obj.setSeriArray(key, std::move(child)); }
+  SdkError takeObject(SeriObject& out) { return obj.takeSeriObject(key, out); }
+  SdkError takeArray(SeriArray& out) { return obj.takeSeriArray(key, out); }
 };
 
 // Element `index` of an array.
@@ -90,9 +110,26 @@ struct IndexSource {
   }
   SdkError getObject(SeriObject& out) const { return arr.getSeriObject(index, out); }
   SdkError getArray(SeriArray& out) const { return arr.getSeriArray(index, out); }
+  std::string text() const { return arr.elementText(index); }
 };
 
-// The end of an array.
+// Element `index` of an array: replaced when it exists, appended when `index`
+// is the array's size.
+struct IndexSink {
+  SeriArray& arr;
+  std::size_t index;
+
+  template <class T>
+  SdkError put(const T& value) {
+    return arr.set(index, value);
+  }
+  SdkError putObject(SeriObject&& child) { return arr.setSeriObject(index, std::move(child)); }
+  SdkError putArray(SeriArray&& child) { return arr.setSeriArray(index, std::move(child)); }
+  SdkError takeObject(SeriObject& out) { return arr.takeSeriObject(index, out); }
+  SdkError takeArray(SeriArray& out) { return arr.takeSeriArray(index, out); }
+};
+
+// The end of an array: always a fresh element.
 struct AppendSink {
   SeriArray& arr;
 
@@ -102,7 +139,34 @@ struct AppendSink {
   }
   SdkError putObject(SeriObject&& child) { return arr.addSeriObject(std::move(child)); }
   SdkError putArray(SeriArray&& child) { return arr.addSeriArray(std::move(child)); }
+  SdkError takeObject(SeriObject&) { return utils::errc::indexOutOfRange; }
+  SdkError takeArray(SeriArray&) { return utils::errc::indexOutOfRange; }
 };
+
+// Writes a child object at `dst` through `edit(SeriObject&)`: into the object
+// already stored there, which keeps its place and its other members, or into a
+// fresh one. When `edit` fails, a fresh object is dropped (nothing is stored)
+// and a stored one goes back with what was written before the failure.
+template <class Sink, class Edit>
+SdkError editObjectAt(Sink& dst, Edit&& edit) {
+  SeriObject child(utils::JsonSave::instance);
+  const bool stored = dst.takeObject(child) == 0;
+  const SdkError e = edit(child);
+  if (e != 0 && !stored) return e;
+  const SdkError put = dst.putObject(std::move(child));
+  return e != 0 ? e : put;
+}
+
+// The same for a child array, through `edit(SeriArray&)`.
+template <class Sink, class Edit>
+SdkError editArrayAt(Sink& dst, Edit&& edit) {
+  SeriArray child(utils::JsonSave::instance);
+  const bool stored = dst.takeArray(child) == 0;
+  const SdkError e = edit(child);
+  if (e != 0 && !stored) return e;
+  const SdkError put = dst.putArray(std::move(child));
+  return e != 0 ? e : put;
+}
 
 // ---- How each kind of member is stored ----
 
@@ -160,8 +224,9 @@ struct FieldIo<char[N]> {
   }
 };
 
-// A child record: fetched and loaded by the record's own load. On saving, a
-// record whose save fails stores nothing and its code is the key's code.
+// A child record: fetched and loaded by the record's own load. Saved over the
+// object stored under its key, or into a fresh one; a fresh record whose save
+// fails stores nothing and its code is the key's code.
 template <SeriRecord T>
 struct FieldIo<T> {
   static SdkError read(const auto& src, T& value) {
@@ -170,9 +235,7 @@ struct FieldIo<T> {
     return value.load(child);
   }
   static SdkError write(auto& dst, const T& value) {
-    SeriObject child(utils::JsonSave::instance);
-    if (SdkError e = value.save(child)) return e;
-    return dst.putObject(std::move(child));
+    return editObjectAt(dst, [&value](SeriObject& child) { return value.save(child); });
   }
 };
 
@@ -192,28 +255,77 @@ struct FieldIo<Point2dConcept<C>> {
   static SdkError write(auto& dst, const Point2dConcept<C>& p);
 };
 
+// ---- Reports ----
+
+// The JSON text that `write` stores under a key, without asking the error
+// handler (a failing save shows what it wrote before failing).
+PARAM_API std::string savedText(const std::function<SdkError(KeySink&)>& write);
+
+// Reports the key or element at the top of `path` as skipped with `code`
+// (loadReport.h): what `src` holds and the value `kept` still has. Nothing is
+// reported when the failure comes up from a deeper key that was reported.
+template <class Src, class V>
+void reportSkipped(utils::KeyPath& path, SdkError code, const Src& src, const V& kept) {
+  if (path.unwinding(code)) return;
+  reportSkippedKey(code, src.text(),
+                   savedText([&kept](KeySink& sink) { return FieldIo<V>::write(sink, kept); }));
+}
+
+// The same with the kept value written by `write`.
+template <class Src>
+void reportSkippedAs(utils::KeyPath& path, SdkError code, const Src& src,
+                     const std::function<SdkError(KeySink&)>& write) {
+  if (path.unwinding(code)) return;
+  reportSkippedKey(code, src.text(), savedText(write));
+}
+
+// Whether an element of kind T can be written over element i of an array.
+// Kinds whose FieldIo knows only AppendSink are written into a fresh array.
+template <class T>
+concept WritesInPlace = requires(IndexSink& sink, const T& value) {
+  { FieldIo<T>::write(sink, value) } -> std::same_as<SdkError>;
+};
+
 // Fixed-length arrays: loading reads the first min(length, N) elements in place;
 // the rest keep their values and surplus elements are ignored. The first element
-// that cannot be read ends the load with its code.
+// that cannot be read ends the load with its code. Saving writes the N elements
+// over the first N of the stored array; surplus stored elements are kept.
 template <class T, std::size_t N>
 struct FixedArrayIo {
   static SdkError read(const auto& src, T* values) {
     SeriArray arr(utils::JsonLoad::instance);
     if (SdkError e = src.getArray(arr)) return e;
+    utils::KeyPath& path = utils::KeyPath::current();
     const std::size_t n = std::min(arr.size(), N);
     for (std::size_t i = 0; i < n; ++i) {
-      if (SdkError e = FieldIo<T>::read(IndexSource{arr, i}, values[i])) return e;
+      utils::KeyPath::Scope at(path, i);
+      const IndexSource element{arr, i};
+      if (SdkError e = FieldIo<T>::read(element, values[i])) {
+        reportSkipped(path, e, element, values[i]);
+        return e;
+      }
     }
     return 0;
   }
   static SdkError write(auto& dst, const T* values) {
-    SeriArray arr(utils::JsonSave::instance);
-    arr.reserve(N);
-    AppendSink sink{arr};
-    for (std::size_t i = 0; i < N; ++i) {
-      if (SdkError e = FieldIo<T>::write(sink, values[i])) return e;
+    if constexpr (WritesInPlace<T>) {
+      return editArrayAt(dst, [values](SeriArray& arr) -> SdkError {
+        arr.reserve(N);
+        for (std::size_t i = 0; i < N; ++i) {
+          IndexSink sink{arr, i};
+          if (SdkError e = FieldIo<T>::write(sink, values[i])) return e;
+        }
+        return 0;
+      });
+    } else {
+      SeriArray arr(utils::JsonSave::instance);
+      arr.reserve(N);
+      AppendSink sink{arr};
+      for (std::size_t i = 0; i < N; ++i) {
+        if (SdkError e = FieldIo<T>::write(sink, values[i])) return e;
+      }
+      return dst.putArray(std::move(arr));
     }
-    return dst.putArray(std::move(arr));
   }
 };
 
@@ -240,7 +352,8 @@ struct FieldIo<std::array<T, N>> {
 // Variable-length lists: loading builds a fresh list of default elements at the
 // array's length, reads every element into it, and replaces the member only when
 // all were read; otherwise the first failing element's code is returned and the
-// member is left as it was.
+// member is left as it was. Saving writes element i over stored element i and
+// drops stored elements beyond the list's length.
 template <class T, class A>
 struct FieldIo<std::vector<T, A>> {
   static SdkError read(const auto& src, std::vector<T, A>& values) {
@@ -250,24 +363,42 @@ struct FieldIo<std::vector<T, A>> {
   }
   // Every element of `arr`, or nothing: the first unreadable element's code.
   static SdkError readElements(const SeriArray& arr, std::vector<T, A>& values) {
+    utils::KeyPath& path = utils::KeyPath::current();
     std::vector<T, A> fresh;
     fresh.reserve(arr.size());
     for (std::size_t i = 0; i < arr.size(); ++i) {
       T element{};
-      if (SdkError e = FieldIo<T>::read(IndexSource{arr, i}, element)) return e;
+      utils::KeyPath::Scope at(path, i);
+      const IndexSource src{arr, i};
+      if (SdkError e = FieldIo<T>::read(src, element)) {
+        reportSkipped(path, e, src, values);
+        return e;
+      }
       fresh.push_back(std::move(element));
     }
     values = std::move(fresh);
     return 0;
   }
   static SdkError write(auto& dst, const std::vector<T, A>& values) {
-    SeriArray arr(utils::JsonSave::instance);
-    arr.reserve(values.size());
-    AppendSink sink{arr};
-    for (const auto& element : values) {
-      if (SdkError e = FieldIo<T>::write(sink, static_cast<const T&>(element))) return e;
+    if constexpr (WritesInPlace<T>) {
+      return editArrayAt(dst, [&values](SeriArray& arr) -> SdkError {
+        arr.reserve(values.size());
+        for (std::size_t i = 0; i < values.size(); ++i) {
+          IndexSink sink{arr, i};
+          if (SdkError e = FieldIo<T>::write(sink, static_cast<const T&>(values[i]))) return e;
+        }
+        arr.truncate(values.size());
+        return 0;
+      });
+    } else {
+      SeriArray arr(utils::JsonSave::instance);
+      arr.reserve(values.size());
+      AppendSink sink{arr};
+      for (const auto& element : values) {
+        if (SdkError e = FieldIo<T>::write(sink, static_cast<const T&>(element))) return e;
+      }
+      return dst.putArray(std::move(arr));
     }
-    return dst.putArray(std::move(arr));
   }
 };
 
@@ -279,13 +410,15 @@ PARAM_API void logUnreadableElement(const char* key, SdkError code);
 // Loads a record's keys in order (see the top of this file).
 class RecordLoader {
  public:
-  explicit RecordLoader(const SeriObject& obj) : obj_(obj) {}
+  explicit RecordLoader(const SeriObject& obj) : obj_(obj), path_(utils::KeyPath::current()) {}
 
   template <class T>
   RecordLoader& operator()(const char* key, T&& member) {
     if (result_ == 0) {
       using V = std::remove_cvref_t<T>;
-      result_ = errorStep(FieldIo<V>::read(KeySource{obj_, key}, member));
+      utils::KeyPath::Scope at(path_, key);
+      const KeySource src{obj_, key};
+      if (SdkError e = FieldIo<V>::read(src, member)) result_ = keyFailed(e, src, member);
     }
     return *this;
   }
@@ -296,9 +429,11 @@ class RecordLoader {
   template <class T, class A>
   RecordLoader& strictList(const char* key, std::vector<T, A>& list) {
     if (result_ != 0) return *this;
+    utils::KeyPath::Scope at(path_, key);
     SeriArray arr(utils::JsonLoad::instance);
-    if (SdkError e = obj_.getSeriArray(key, arr)) {
-      result_ = errorStep(e);
+    const KeySource src{obj_, key};
+    if (SdkError e = src.getArray(arr)) {
+      result_ = keyFailed(e, src, list);
     } else if (SdkError e = FieldIo<std::vector<T, A>>::readElements(arr, list)) {
       logUnreadableElement(key, e);
       result_ = e;
@@ -311,7 +446,14 @@ class RecordLoader {
   SdkError result() const { return result_; }
 
  private:
+  template <class V>
+  SdkError keyFailed(SdkError code, const KeySource& src, const V& member) {
+    reportSkipped(path_, code, src, member);
+    return errorStep(code);
+  }
+
   const SeriObject& obj_;
+  utils::KeyPath& path_;
   SdkError result_ = 0;
 };
 
@@ -353,9 +495,8 @@ SdkError FieldIo<Point2dConcept<C>>::read(const auto& src, Point2dConcept<C>& p)
 
 template <class C>
 SdkError FieldIo<Point2dConcept<C>>::write(auto& dst, const Point2dConcept<C>& p) {
-  SeriObject child(utils::JsonSave::instance);
-  if (SdkError e = RecordSaver(child)("x", p.x)("y", p.y).result()) return e;
-  return dst.putObject(std::move(child));
+  return editObjectAt(
+      dst, [&p](SeriObject& child) { return RecordSaver(child)("x", p.x)("y", p.y).result(); });
 }
 
 }  // namespace param

@@ -33,6 +33,12 @@ class PARAM_API SeriArray : public utils::JsonArray {
   SdkError getSeriObject(std::size_t index, SeriObject& out) const;
   SdkError addSeriArray(SeriArray&& child);
   SdkError getSeriArray(std::size_t index, SeriArray& out) const;
+  // Replace element `index` (index size() appends), stamping the child first.
+  SdkError setSeriObject(std::size_t index, SeriObject&& child);
+  SdkError setSeriArray(std::size_t index, SeriArray&& child);
+  // Move element `index` out for editing in place, as SeriObject::takeSeriObject.
+  SdkError takeSeriObject(std::size_t index, SeriObject& out);
+  SdkError takeSeriArray(std::size_t index, SeriArray& out);
 
  protected:
   SeriArray(utils::JsonArray&& content, const SeriInfo* info)

@@ -30,6 +30,16 @@ SdkError SeriObject::getSeriArray(const char* key, SeriArray& out) const {
   return getJsonArray(key, out);
 }
 
+SdkError SeriObject::takeSeriObject(const char* key, SeriObject& out) {
+  out.info_ = info_;
+  return takeJsonObject(key, out);
+}
+
+SdkError SeriObject::takeSeriArray(const char* key, SeriArray& out) {
+  out.info_ = info_;
+  return takeJsonArray(key, out);
+}
+
 SeriArray SeriArray::clone() const {
   return SeriArray(utils::JsonArray::clone(), info_);
 }
@@ -57,6 +67,26 @@ SdkError SeriArray::addSeriArray(SeriArray&& child) {
 SdkError SeriArray::getSeriArray(std::size_t index, SeriArray& out) const {
   out.info_ = info_;
   return getJsonArray(index, out);
+}
+
+SdkError SeriArray::setSeriObject(std::size_t index, SeriObject&& child) {
+  child.info_ = info_;
+  return setJsonObject(index, std::move(child));
+}
+
+SdkError SeriArray::setSeriArray(std::size_t index, SeriArray&& child) {
+  child.info_ = info_;
+  return setJsonArray(index, std::move(child));
+}
+
+SdkError SeriArray::takeSeriObject(std::size_t index, SeriObject& out) {
+  out.info_ = info_;
+  return takeJsonObject(index, out);
+}
+
+SdkError SeriArray::takeSeriArray(std::size_t index, SeriArray& out) {
+  out.info_ = info_;
+  return takeJsonArray(index, out);
 }
 
 }  // namespace param

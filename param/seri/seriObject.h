@@ -40,6 +40,11 @@ class PARAM_API SeriObject : public utils::JsonObject {
   // Stores `child` under `key`; the child's own info is left as it is.
   SdkError setSeriArray(const char* key, SeriArray&& child);
   SdkError getSeriArray(const char* key, SeriArray& out) const;
+  // `out` takes this node's info, then the object or array under `key` is moved
+  // into it for editing in place (see utils::JsonObject::takeJsonObject); store
+  // it back with setSeriObject or setSeriArray.
+  SdkError takeSeriObject(const char* key, SeriObject& out);
+  SdkError takeSeriArray(const char* key, SeriArray& out);
 
  protected:
   SeriObject(utils::JsonObject&& content, const SeriInfo* info)

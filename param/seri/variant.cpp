@@ -1,6 +1,9 @@
 #include <param/seri/variant.h>
 
+#include <utils/keyPath.h>
+
 #include <param/seri/errorStep.h>
+#include <param/seri/recordIo.h>
 
 namespace param {
 
@@ -10,8 +13,14 @@ Variant& Variant::operator=(const Variant& other) {
 }
 
 SdkError Variant::load(const SeriObject& parent) {
+  utils::KeyPath& path = utils::KeyPath::current();
+  utils::KeyPath::Scope at(path, "variant");
+  const KeySource src{parent, "variant"};
   SeriObject stored(utils::JsonLoad::instance);
-  if (SdkError e = parent.getSeriObject("variant", stored)) return errorStep(e);
+  if (SdkError e = src.getObject(stored)) {
+    reportSkippedAs(path, e, src, [this](KeySink& sink) { return sink.putObject(clone()); });
+    return errorStep(e);
+  }
   SeriObject::operator=(stored.clone());
   return 0;
 }

@@ -235,6 +235,48 @@ TEST(Json, NestedSetMovesTheChildIn) {
   EXPECT_EQ(items.getJsonObject(9, third), errc::indexOutOfRange);
 }
 
+TEST(Json, MembersAreTakenEditedAndPutBackInPlace) {
+  JsonObject root = parsed(R"({"a":{"x":1,"keep":[1]},"b":[1,{"y":2},"s"],"c":3})");
+  JsonObject before(JsonLoad::instance);
+  ASSERT_EQ(root.getJsonObject("a", before), 0u);  // a view that must not change
+
+  JsonObject a(JsonLoad::instance);
+  ASSERT_EQ(root.takeJsonObject("a", a), 0u);
+  EXPECT_EQ(root.memberText("a"), "{}");  // its place holds an empty object meanwhile
+  a.set("x", 5);
+  a.set("z", true);
+  ASSERT_EQ(root.setJsonObject("a", std::move(a)), 0u);
+
+  JsonArray b(JsonLoad::instance);
+  ASSERT_EQ(root.takeJsonArray("b", b), 0u);
+  JsonObject second(JsonLoad::instance);
+  ASSERT_EQ(b.takeJsonObject(1, second), 0u);
+  second.set("y", 7);
+  ASSERT_EQ(b.setJsonObject(1, std::move(second)), 0u);
+  EXPECT_EQ(b.set(0, std::string("t")), 0u);
+  EXPECT_EQ(b.set(3, 4), 0u);  // at the end: appended
+  EXPECT_EQ(b.set(9, 4), errc::indexOutOfRange);
+  b.truncate(4);
+  ASSERT_EQ(root.setJsonArray("b", std::move(b)), 0u);
+  EXPECT_EQ(root.stringfy(), R"({"a":{"x":5,"keep":[1],"z":true},"b":["t",{"y":7},"s",4],"c":3})");
+  EXPECT_EQ(before.stringfy(), R"({"x":1,"keep":[1]})");
+
+  JsonObject none(JsonLoad::instance);
+  JsonArray list(JsonLoad::instance);
+  EXPECT_EQ(root.takeJsonObject("c", none), errc::wrongType);
+  EXPECT_EQ(root.takeJsonArray("a", list), errc::wrongType);
+  EXPECT_EQ(root.takeJsonObject("d", none), errc::keyMissing);
+  ASSERT_EQ(root.getJsonArray("b", list), 0u);
+  EXPECT_EQ(list.takeJsonObject(0, none), errc::wrongType);
+  EXPECT_EQ(list.takeJsonObject(4, none), errc::indexOutOfRange);
+  list.truncate(1);
+  EXPECT_EQ(list.stringfy(), R"(["t"])");
+  EXPECT_EQ(root.memberText("b"), R"(["t",{"y":7},"s",4])");
+  EXPECT_EQ(root.memberText("d"), "");
+  EXPECT_EQ(list.elementText(0), R"("t")");
+  EXPECT_EQ(list.elementText(1), "");
+}
+
 TEST(Json, ParserRejectsBadTextAndKeepsContent) {
   JsonObject o = parsed(R"({"keep":1})");
   for (const std::string bad : {"", "{", "{\"a\":}", "nul", "{\"a\":1} x", "{\"a\":01}"}) {

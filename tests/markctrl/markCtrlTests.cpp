@@ -117,9 +117,13 @@ TEST(MarkCtrlRecords, DivStepsLoadAllOrNothing) {
     EXPECT_TRUE(div.bDivMark && !div.bToZero);
     EXPECT_EQ(h.calls(), 0u);
   }
-  EXPECT_EQ(log.formatted(),
-            std::vector<std::string>(
-                2, "3 Param: \"vDivStep\" holds an unreadable element, load stopped: 0x110002"));
+  // Each time the element is reported where it is, then the list's own line.
+  const std::vector<std::string> lines = {
+      "2 Param: vDivStep[1]: value of the wrong JSON type; found \"x\"; kept [9,8]",
+      "3 Param: \"vDivStep\" holds an unreadable element, load stopped: 0x110002"};
+  std::vector<std::string> twice = lines;
+  twice.insert(twice.end(), lines.begin(), lines.end());
+  EXPECT_EQ(log.formatted(), twice);
 
   // A key that is no array is an ordinary failed key; a readable list replaces the old one.
   RecordingHandler h(ErrorResponseType::Ignore);

@@ -69,8 +69,10 @@ TEST(Segments, CreateByKindOrFromJson) {
        }) {
     EXPECT_FALSE(SegmentBase::createSegment(parsed(text))) << text;
   }
-  EXPECT_EQ(log.formatted(), (std::vector<std::string>{"3 Param: unknown segment type: 9",
-                                                       "3 Param: unknown segment type: 0"}));
+  std::vector<std::string> errors = log.formatted();
+  std::erase_if(errors, [](const std::string& line) { return line[0] != '3'; });
+  EXPECT_EQ(errors, (std::vector<std::string>{"3 Param: unknown segment type: 9",
+                                              "3 Param: unknown segment type: 0"}));
 
   // When the handler lets it go on, the malformed key is skipped.
   ScopedErrorHandler ignore(ErrorResponseType::Ignore);
