@@ -17,4 +17,5 @@
 #include <utils/mmfile.h>
 #include <utils/path.h>
 #include <utils/timeDate.h>
+#include <utils/utf8.h>
 #include <utils/version.h>
