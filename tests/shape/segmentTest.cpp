@@ -63,14 +63,20 @@ TEST(Segments, CreateByKindOrFromJson) {
            R"({"type":1,"start":5,"end":{"x":0,"y":0}})",
            R"({"type":2,"paramType":0})",
            R"({"type":3,"degree":4,"points":[]})",
+           R"({"type":3,"points":[[1,2]]})",  // stops at the missing "degree"
+           R"({"type":3,"degree":0,"points":[[1,2]]})",
            R"({"type":3,"degree":1,"points":[[0,0],[1,true]]})",
            R"({"type":4,"degree":1,"controlPoints":[{"x":0}],"knots":[]})",
            R"({"type":5,"tension":"high","knots":[]})",
        }) {
     EXPECT_FALSE(SegmentBase::createSegment(parsed(text))) << text;
   }
-  EXPECT_EQ(log.formatted(), (std::vector<std::string>{"3 Param: unknown segment type: 9",
-                                                       "3 Param: unknown segment type: 0"}));
+  const std::string bezier = "2 Param: Bezier segment refused: ";
+  const char* rule = " (degree 1 to 3, degree + 1 points)";
+  EXPECT_EQ(log.formatted(),
+            (std::vector<std::string>{"3 Param: unknown segment type: 9",
+                                      "3 Param: unknown segment type: 0",
+                                      bezier + "degree 4" + rule, bezier + "degree 0" + rule}));
 
   // When the handler lets it go on, the malformed key is skipped.
   ScopedErrorHandler ignore(ErrorResponseType::Ignore);
@@ -94,9 +100,16 @@ TEST(Segments, BezierLoadRules) {
            R"({"points":[]})",
            R"({"points":[[0,0],[0,0],[0,0],[0,0],[0,0]]})",
            R"({})",
+           R"({"points":[[1,2]]})",
+           R"({"degree":0,"points":[[1,2]]})",
+           R"({"degree":0})",
        }) {
     EXPECT_EQ(b.load(parsed(text)), errc::badFormat) << text;
+    EXPECT_EQ(b, cubic()) << text;
   }
+  // An empty segment is not saved either: it could not be loaded back.
+  SeriObject out(utils::JsonSave::instance);
+  EXPECT_EQ(BezierSegment().save(out), errc::badFormat);
   // "degree" read but "points" missing: skipped, nothing changes.
   handler.codes.clear();
   EXPECT_EQ(b.load(parsed(R"({"degree":1})")), 0u);
