@@ -8,6 +8,7 @@ packages=(
   libboost-json1.81-dev liblzma-dev libssl-dev
   libgtest-dev libbenchmark-dev libcli11-dev
   xz-utils openssl coreutils
+  clang libclang-rt-dev
 )
 
 missing=()
