@@ -78,8 +78,10 @@ TEST(Segments, CreateByKindOrFromJson) {
                                       "3 Param: unknown segment type: 0",
                                       bezier + "degree 4" + rule, bezier + "degree 0" + rule}));
 
-  // When the handler lets it go on, the malformed key is skipped.
+  // When the handler lets it go on, the malformed key is skipped; but a new
+  // Bezier segment without readable points stays empty, so it is refused.
   ScopedErrorHandler ignore(ErrorResponseType::Ignore);
+  EXPECT_FALSE(SegmentBase::createSegment(parsed(R"({"type":3,"degree":1,"po":[[0,0],[1,1]]})")));
   auto lenient = SegmentBase::createSegment(parsed(R"({"type":1,"start":5,"end":{"x":3,"y":4}})"));
   ASSERT_TRUE(lenient);
   EXPECT_EQ(*std::static_pointer_cast<LineSegment>(lenient), LineSegment({0, 0}, {3, 4}));

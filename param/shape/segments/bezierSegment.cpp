@@ -1,6 +1,7 @@
 #include <param/shape/segments/bezierSegment.h>
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include <utils/logger.h>
@@ -10,9 +11,8 @@
 
 namespace param {
 
-// Point access asserts (PARAM_SHAPE_ASSERT) that the degree allows it; loading
-// never makes a segment it would refuse. setDegree does not check, so the
-// operations that walk the points never go past the four stored ones.
+// Point access asserts the degree allows it; loading never makes a segment it would
+// refuse. setDegree does not check, so point walks stop at the four stored points.
 
 BezierSegment::~BezierSegment() = default;
 BezierSegment::BezierSegment(std::size_t deg, const Point2d& p0, const Point2d& p1,
@@ -30,11 +30,14 @@ bool usableDegree(std::uint64_t degree) {
   return degree != 0 && degree <= g_maxDegree;
 }
 
-SdkError refuse(const char* what, std::uint64_t value) {
+SdkError refuse(const std::string& what) {
   utils::Logger(utils::LogLevel::Warning, "Param")
-      << "Bezier segment refused: " << what << " " << value
-      << " (degree 1 to 3, degree + 1 points)";
+      << "Bezier segment refused: " << what << " (degree 1 to 3, degree + 1 points)";
   return errc::badFormat;
+}
+
+SdkError refuse(const char* what, std::uint64_t value) {
+  return refuse(what + (" " + std::to_string(value)));
 }
 
 }  // namespace
@@ -128,7 +131,11 @@ SdkError BezierSegment::load(const SeriObject& obj) {
     deg = (fetched == 0 ? rows.size() : 0) - std::uint64_t{1};
     if (!usableDegree(deg)) return refuse("point count", fetched == 0 ? rows.size() : 0);
   } else {
-    if (fetched != 0) return errorStep(fetched);
+    if (fetched != 0) {
+      if (SdkError e = errorStep(fetched)) return e;
+      // Going on keeps the points as they are, which an empty segment cannot.
+      return usableDegree(degree) ? 0 : refuse("no \"points\" for an empty segment");
+    }
     if (rows.size() != deg + 1) return refuse("point count", rows.size());
   }
   degree = deg;

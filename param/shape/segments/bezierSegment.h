@@ -59,7 +59,8 @@ struct PARAM_API BezierSegment : SegmentBase {
   // number of points - 1. A degree of 0 or above 3, or a "points" array whose
   // length is not degree + 1, returns errc::badFormat (logged) and changes
   // nothing, so every accessor works on a loaded segment. When "points" cannot
-  // be fetched and the error-response step goes on, nothing changes.
+  // be fetched and the error-response step goes on, nothing changes; for an
+  // empty segment (a new one) that is errc::badFormat as well.
   // Each entry's first two numbers are x and y; unreadable entries and
   // coordinates go through the error-response step and keep their values.
   SdkError load(const SeriObject& obj) override;
