@@ -18,7 +18,7 @@ const char* plainText(SdkError code) {
     case u::wrongType:
       return "value of the wrong JSON type";
     case u::outOfRange:
-      return "number out of the field's range";
+      return "number out of range (of the field, or of a double)";
     case u::indexOutOfRange:
       return "array index out of range";
     case u::parseError:

@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libbenchmark-dev libcli11-dev
   xz-utils openssl coreutils
   g++-mingw-w64-x86-64-posix
+  clang libclang-rt-dev
 )
 
 missing=()

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test through ctest: first the
 # release build, then a compile-only check of the Windows branches (with the
-# mingw-w64 cross compiler), then the Debug build with AddressSanitizer and UBSan.
-# PARAM_SKIP_ASAN=1 runs the release build only.
+# mingw-w64 cross compiler), then the Debug build with AddressSanitizer and UBSan,
+# then each libFuzzer target for a short while (scripts/fuzz.sh).
+# PARAM_SKIP_ASAN=1 runs the release build only; PARAM_FUZZ_SECONDS sets the
+# seconds per fuzz target (default 20, 0 skips fuzzing).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh
@@ -21,3 +23,6 @@ if [ "${PARAM_SKIP_ASAN:-0}" != "1" ]; then
   scripts/build.sh asan
   ctest --preset asan -j "$jobs"
 fi
+
+echo "== fuzz targets (clang, libFuzzer) =="
+scripts/fuzz.sh

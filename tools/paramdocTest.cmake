@@ -33,3 +33,12 @@ paramdoc(TRUE info ${DIR}/demo-aes-gcm.cfg)
 if(NOT out MATCHES "encoding +aes \\(gcm\\), key 2")
   message(FATAL_ERROR "info does not describe the header: ${out}")
 endif()
+
+# A number no double holds is refused when packing, and no file is written: the
+# library never writes a document it cannot read back.
+file(WRITE ${DIR}/huge.json "{\"runSpeed\": 1e400}")
+file(REMOVE ${DIR}/huge.cfg)
+paramdoc(FALSE pack ${DIR}/huge.json ${DIR}/huge.cfg)
+if(NOT out MATCHES "number out of range" OR EXISTS ${DIR}/huge.cfg)
+  message(FATAL_ERROR "unexpected result of packing 1e400: ${out}")
+endif()

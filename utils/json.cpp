@@ -116,6 +116,7 @@ SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& 
   if (text == nullptr && length != 0) return errc::parseError;
   std::error_code ec;
   bj::value v = parseJson(std::string_view(text ? text : "", length), ec);
+  if (ec == std::errc::result_out_of_range) return errc::outOfRange;
   if (ec) return errc::parseError;
   if (v.kind() != wanted) return errc::wrongType;
   if constexpr (std::is_same_v<Container, bj::object>) {

@@ -119,7 +119,9 @@ ScalarValue makeScalar(const T& v) {
 // bool takes only true and false. Numbers are written in their shortest exact
 // decimal form ("0.02", "2000"), a float as the shortest decimal of the float.
 // NaN and infinities, which JSON cannot hold, are written as the strings "NaN",
-// "Infinity" and "-Infinity" and read back by float and double targets.
+// "Infinity" and "-Infinity" and read back by float and double targets. Text
+// holding a number beyond the range of a double (1e400) does not parse (see
+// parser), so every number in a tree is finite and is written back as it was read.
 class UTILS_API JsonObject {
  public:
   explicit JsonObject(JsonLoad);
@@ -187,8 +189,9 @@ class UTILS_API JsonObject {
   std::string stringfy() const { return stringfy(0); }
   std::string stringfy(int indent) const;
   // Replaces the content by the parsed text, which must be one JSON object.
-  // errc::parseError for text that is not JSON, errc::wrongType for JSON that is
-  // not an object; the content is unchanged then.
+  // errc::parseError for text that is not JSON, errc::outOfRange for a number
+  // beyond the range of a double, errc::wrongType for JSON that is not an
+  // object; the content is unchanged then.
   SdkError parser(const char* text, std::size_t length);
 
  protected:

@@ -18,4 +18,5 @@
 #include <utils/mmfile.h>
 #include <utils/path.h>
 #include <utils/timeDate.h>
+#include <utils/utf8.h>
 #include <utils/version.h>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <stdexcept>
 
 #include <utils/logger.h>
@@ -80,18 +81,44 @@ bool SriFile::readFromStream(const char* data, std::size_t size) {
 
 void SriFile::SetPos(int offset, bool absolute) {
   if (state_ != stateGood) return;
-  // Unsigned arithmetic: a position before the data wraps to a huge value,
-  // which every bounds check refuses.
-  const auto delta = static_cast<std::size_t>(static_cast<long long>(offset));
-  pos_ = absolute ? headerSize + delta : pos_ + delta;
+  MoveBy(absolute ? headerSize : pos_, offset);
 }
 
 std::size_t SriFile::GetPos() const {
-  return state_ == stateGood ? pos_ - headerSize : static_cast<std::size_t>(-1);
+  if (state_ != stateGood || pos_ < headerSize) return static_cast<std::size_t>(-1);
+  return pos_ - headerSize;
 }
 
 void SriFile::RCurSeek(long long offset) {
-  pos_ += static_cast<std::size_t>(offset);
+  MoveBy(pos_, offset);
+}
+
+void SriFile::MoveBy(std::size_t base, long long offset) {
+  // The new position, unless it lies before the body (in the header or before
+  // the block) or beyond what a position can hold. A position past the end is
+  // taken: the next read there fails.
+  std::size_t target = 0;
+  bool ok = false;
+  if (offset >= 0) {
+    const auto forward = static_cast<std::size_t>(offset);
+    ok = forward <= std::numeric_limits<std::size_t>::max() - base;
+    target = base + forward;
+  } else {
+    const std::size_t back = static_cast<std::size_t>(-(offset + 1)) + 1;
+    ok = back <= base && base - back >= headerSize;
+    target = base - back;
+  }
+  if (ok) {
+    pos_ = target;
+    return;
+  }
+  if (state_ == stateGood) {
+    utils::Logger(utils::LogLevel::Error, "Param")
+        << "legacy stream: moving by " << offset << " from body offset "
+        << static_cast<long long>(base) - static_cast<long long>(headerSize)
+        << " leaves the body; refused";
+    state_ = stateBadData;
+  }
 }
 
 bool SriFile::MatchAt(std::size_t at, const std::string& marker) const {

@@ -31,8 +31,8 @@ class PARAM_API SriFile {
   static constexpr std::size_t headerSize = 256;
 
   static constexpr std::int32_t stateGood = 0;
-  // Refused header, bad start marker, negative length, or a block or value that
-  // runs past the end of the stream.
+  // Refused header, bad start marker, negative length, a position moved before
+  // the body, or a block or value that runs past the end of the stream.
   static constexpr std::int32_t stateBadData = 2;
   // Neither separator nor end marker where one was required.
   static constexpr std::int32_t stateNoMarker = 4;
@@ -47,11 +47,14 @@ class PARAM_API SriFile {
 
   std::size_t Size() const { return size_; }
   // Only in the good state: absolute places the position at `offset` bytes into
-  // the body, otherwise moves it by `offset`.
+  // the body, otherwise moves it by `offset`. A position before the body (in
+  // the header) is refused: the stream enters the bad-data state (logged) and
+  // the position stays. A position past the end is taken; reading there fails.
   void SetPos(int offset, bool absolute);
   // Offset from the first body byte; all ones in an error state.
   std::size_t GetPos() const;
-  // Moves the position by `offset`, whatever the state.
+  // Moves the position by `offset`, whatever the state, with the bounds of
+  // SetPos.
   void RCurSeek(long long offset);
   bool IsOk() const { return state_ == stateGood; }
   std::int32_t GetState() const { return state_; }
@@ -96,6 +99,9 @@ class PARAM_API SriFile {
     std::string split;
   };
 
+  // Sets the position to `base` + `offset`, or refuses a position before the
+  // body (see SetPos).
+  void MoveBy(std::size_t base, long long offset);
   // Whether `count` bytes from the position lie inside the stream.
   bool Fits(std::size_t count) const { return pos_ <= size_ && count <= size_ - pos_; }
   // Whether `marker` lies at `at`, entirely inside the stream.

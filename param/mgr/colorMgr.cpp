@@ -1,6 +1,6 @@
 #include <param/mgr/colorMgr.h>
 
-#include <cstdlib>
+#include <charconv>
 #include <new>
 #include <string>
 
@@ -20,6 +20,19 @@ constexpr std::size_t kEmptyBuckets = 8;
 
 utils::Logger paramLog(utils::LogLevel level) {
   return utils::Logger(level, "Param");
+}
+
+// A colour index as save writes it: an optional '-' and decimal digits, within
+// the signed 32-bit range, and nothing else.
+bool parseIndex(const std::string& key, std::int32_t& index) {
+  if (key.empty() || key[0] == '+') return false;
+  const char* end = key.data() + key.size();
+  const auto [ptr, ec] = std::from_chars(key.data(), end, index);
+  return ec == std::errc() && ptr == end;
+}
+
+void logSkipped(const std::string& key, const char* cause) {
+  paramLog(utils::LogLevel::Warning) << "colour \"" << key << "\" skipped: " << cause;
 }
 
 }  // namespace
@@ -65,15 +78,26 @@ SdkError ColorMgr::load(const SeriObject& obj) {
   }
   std::unordered_map<std::int32_t, utils::Color> decoded;
   for (const std::string& key : table.keys()) {
+    std::int32_t index = 0;
+    if (!parseIndex(key, index)) {
+      logSkipped(key, "not a 32-bit decimal index");
+      continue;
+    }
     SeriArray entry(utils::JsonLoad::instance);
-    if (table.getSeriArray(key.c_str(), entry) != 0) continue;
+    if (table.getSeriArray(key.c_str(), entry) != 0) {
+      logSkipped(key, "not an array");
+      continue;
+    }
     std::uint8_t components[4] = {};
     const std::size_t n = std::min(count, entry.size());
     bool ok = true;
     for (std::size_t i = 0; i < n && ok; ++i)
       ok = entry.get(i, components[i]) == 0;
-    if (!ok) continue;
-    decoded[std::atoi(key.c_str())] = utils::Color(mode, components, n);
+    if (!ok) {
+      logSkipped(key, "a component is not a number from 0 to 255");
+      continue;
+    }
+    decoded[index] = utils::Color(mode, components, n);
   }
   // The decoded table only proves the form; the live table stays as it is.
   return 0;

@@ -32,7 +32,10 @@ class PARAM_API ColorMgr {
 
   // Checks that `obj` holds a colour table this build can decode: "mode" (3 when
   // absent, 1 to 7 accepted) and the object "color" of index arrays. Malformed
-  // entries are skipped. The live table is left as it is: loading validates.
+  // entries are skipped with a warning naming the key: a key that is not a
+  // decimal index within the signed 32-bit range ("99999999999", "12a"), a
+  // value that is not an array, a component that is not a number from 0 to
+  // 255. The live table is left as it is: loading validates.
   // A missing "color" goes through the error-response step; an unknown mode is
   // errc::badFormat, logged as "error color mode: <mode>".
   SdkError load(const SeriObject& obj);

@@ -16,7 +16,9 @@ namespace param {
 // Members are named after their JSON keys and saved in this order.
 struct PARAM_API PenParam {
   std::int32_t penId = 0;
-  char penName[32] = "Default";  // at most 31 characters; longer names are cut on loading
+  // At most 31 bytes of UTF-8 text; a longer name is cut on loading before the
+  // first character that does not fit whole.
+  char penName[32] = "Default";
   bool bEnable = true;
   std::int32_t markCount = 1;
   float runSpeed = 2000.0f;

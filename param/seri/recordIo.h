@@ -32,7 +32,8 @@
 //
 //   bool, integers, float, double, enums  a JSON number or boolean
 //   std::string                           a string
-//   char[N]                               a string; a longer one is cut to N - 1 chars
+//   char[N]                               a string; a longer one is cut to the whole
+//                                         UTF-8 characters that fit in N - 1 bytes
 //   Point2dConcept<T>                     an object {"x", "y"}
 //   a record (load/save members)          a child object
 //   std::array<T, N>, T[N]                an array; loading reads the first
@@ -56,6 +57,7 @@
 
 #include <utils/json.h>
 #include <utils/keyPath.h>
+#include <utils/utf8.h>
 
 #include <param/export.h>
 #include <param/seri/errorStep.h>
@@ -205,14 +207,15 @@ struct FieldIo<std::string> {
   static SdkError write(auto& dst, const std::string& value) { return dst.put(value); }
 };
 
-// A zero-terminated character array of N bytes: at most N - 1 characters.
+// A zero-terminated character array of N bytes: at most N - 1 bytes of text, cut
+// before a UTF-8 character that would not fit whole.
 template <std::size_t N>
 struct FieldIo<char[N]> {
   static_assert(N > 0);
   static SdkError read(const auto& src, char (&value)[N]) {
     std::string text;
     if (SdkError e = src.get(text)) return e;
-    const std::size_t n = std::min(text.size(), N - 1);
+    const std::size_t n = utils::utf8::fitPrefix(text, N - 1);
     std::memcpy(value, text.data(), n);
     std::memset(value + n, 0, N - n);
     return 0;

@@ -108,6 +108,31 @@ TEST(Json, NonFiniteNumbersSurviveAsStrings) {
   EXPECT_EQ(back.get("nan", text), 0u);  // still an ordinary string to a string reader
 }
 
+// No double holds 1e400: such text is refused with the out-of-range code
+// wherever the number stands, so a tree never holds an infinity that would be
+// written back as a token no parser reads. Below the double range a number
+// reads as zero; the largest doubles still parse.
+TEST(Json, NumbersBeyondTheDoubleRangeAreRefused) {
+  JsonObject o = parsed(R"({"keep":1})");
+  const std::string bads[] = {R"({"a":1e400})", R"({"a":-1e400})", R"({"variant":{"a":[0,1e309]}})",
+                              R"({"a":1.8e308})", "{\"a\":1" + std::string(400, '0') + "}"};
+  for (const std::string& bad : bads) {
+    EXPECT_EQ(o.parser(bad.data(), bad.size()), errc::outOfRange) << bad;
+  }
+  EXPECT_EQ(o.stringfy(), R"({"keep":1})");
+  JsonArray a(JsonLoad::instance);
+  const std::string arrayText = "[1,-2e400]";
+  EXPECT_EQ(a.parser(arrayText.data(), arrayText.size()), errc::outOfRange);
+
+  JsonObject edge = parsed(R"({"tiny":1e-400,"max":1.7976931348623157e308,"min":-4.9e-324})");
+  double tiny = 1, max = 0, min = 0;
+  EXPECT_EQ(edge.get("tiny", tiny) | edge.get("max", max) | edge.get("min", min), 0u);
+  EXPECT_EQ(tiny, 0.0);
+  EXPECT_EQ(max, std::numeric_limits<double>::max());
+  EXPECT_EQ(min, -std::numeric_limits<double>::denorm_min());
+  EXPECT_EQ(edge.stringfy(), R"({"tiny":0,"max":1.7976931348623157e+308,"min":-5e-324})");
+}
+
 TEST(Json, TypedGetChecksKindAndRangeAndLeavesTargetOnError) {
   JsonObject o = parsed(R"({"u8":255,"big":300,"neg":-1,"frac":1.5,"whole":5.0,"huge":1e40,)"
                         R"("s":"7","b":true,"obj":{},"arr":[],"u16":70000})");

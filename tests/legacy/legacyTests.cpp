@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -98,6 +99,24 @@ TEST(SriFile, HeaderPrimitivesAndPositions) {
   m.f.SetPos(100, true), m.f.MoveToDataEnd();
   EXPECT_EQ(std::tuple(w.f.GetState(), s.f.GetState(), r.f.GetState(), m.f.GetState(), i),
             std::tuple(2, 2, 2, 5, 0x12345678));
+
+  // A position before the body (inside the header) is refused however it is
+  // reached, and GetPos never reports a wrapped offset. The body start itself
+  // is a good position.
+  const auto body = stream(2, "i:7 i:8");
+  Opened start(body);
+  start.f.SetPos(4, true), start.f.SetPos(-4, false), start.f.ReadInt(i);
+  EXPECT_EQ(std::tuple(start.f.GetState(), start.f.GetPos(), i), std::tuple(0, 4u, 7));
+  Opened moves[] = {Opened(body), Opened(body), Opened(body), Opened(body)};
+  moves[0].f.SetPos(4, true), moves[0].f.SetPos(-5, false);
+  moves[1].f.SetPos(-1, true);
+  moves[2].f.SetPos(std::numeric_limits<int>::min(), false);
+  moves[3].f.RCurSeek(std::numeric_limits<long long>::min());
+  for (auto& o : moves) {
+    i = 0;
+    o.f.ReadInt(i);
+    EXPECT_EQ(std::tuple(o.f.GetState(), o.f.GetPos(), i), std::tuple(2, npos, 0));
+  }
 }
 
 // The skipping rules applied one byte at a time from body offset `from`: the

@@ -220,9 +220,29 @@ TEST_F(Managers, ColourTable) {
     EXPECT_EQ(colors.load(obj), errc::badFormat);
     EXPECT_TRUE(hasLine(log, LogLevel::Warning, "error color mode: 9"));
   }
-  const std::string noMode = R"({"color":{"1":[9,9,9,9],"x":"bad","2":[1,"y"]}})";
+  // Keys are decimal indexes within 32 bits, as save writes them; any other
+  // member is skipped with a warning that names it and says why.
+  const std::string noMode =
+      R"({"color":{"1":[9,9,9,9],"x":"bad","2":[1,"y"],"99999999999":[1],"-2147483649":[1],)"
+      R"("12a":[1]," 5":[1],"+5":[1],"":[1],"2147483647":[1],"-2147483648":[1],"3":{}}})";
   obj.parser(noMode.data(), noMode.size());
-  EXPECT_EQ(colors.load(obj), 0u);
+  {
+    LogCapture log;
+    EXPECT_EQ(colors.load(obj), 0u);
+    const std::string index = "\" skipped: not a 32-bit decimal index";
+    EXPECT_EQ(log.formatted(), (std::vector<std::string>{
+                                   "2 Param: colour \"x" + index,
+                                   "2 Param: colour \"2\" skipped: a component is not a number "
+                                   "from 0 to 255",
+                                   "2 Param: colour \"99999999999" + index,
+                                   "2 Param: colour \"-2147483649" + index,
+                                   "2 Param: colour \"12a" + index,
+                                   "2 Param: colour \" 5" + index,
+                                   "2 Param: colour \"+5" + index,
+                                   "2 Param: colour \"" + index,
+                                   "2 Param: colour \"3\" skipped: not an array",
+                               }));
+  }
   EXPECT_EQ(colors.size(), 3u);
   EXPECT_EQ(colors[12], utils::Color(1, 2, 3));
 

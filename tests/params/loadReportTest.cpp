@@ -157,8 +157,8 @@ TEST(LoadReport, CollectsWhatWasFoundAndKeptAndLogsIt) {
                   "1 Param: params[0].penName: key missing; found nothing; kept \"Default\"",
                   "2 Param: params[0].laserPower: value of the wrong JSON type; found \"75\"; "
                   "kept 60",
-                  "2 Param: params[1].laserPower: number out of the field's range; found "
-                  "1e+20; kept 60",
+                  "2 Param: params[1].laserPower: number out of range (of the field, or of a "
+                  "double); found 1e+20; kept 60",
                   "2 Param: params[1].wobble.wobbleDiaX: value of the wrong JSON type; found "
                   "\"big\"; kept 1"}));
   }

@@ -195,8 +195,9 @@ TEST(Document, MalformedFilesGiveTheirOwnCodesAndLogLines) {
   std::string base64 = written(SeriOption());
   base64[20] = '*';
   check(base64, uerr::badBase64, "foreign byte");
-  check(header(0) + "bm90IGpzb24=", uerr::parseError, "not JSON");  // "not json"
-  check(header(0) + "WzEsMl0=", uerr::wrongType, "an array");       // "[1,2]"
+  check(header(0) + "bm90IGpzb24=", uerr::parseError, "not JSON");           // "not json"
+  check(header(0) + "WzEsMl0=", uerr::wrongType, "an array");                // "[1,2]"
+  check(header(0) + "eyJydW5TcGVlZCI6MWU0MDB9", uerr::outOfRange, "1e400");  // {"runSpeed":1e400}
 
   std::string xz = written(SeriOption(SeriOption::Lzma));
   check(xz.substr(0, xz.size() - 10), uerr::corruptLzma, "truncated xz");

@@ -63,19 +63,30 @@ TEST(Segments, CreateByKindOrFromJson) {
            R"({"type":1,"start":5,"end":{"x":0,"y":0}})",
            R"({"type":2,"paramType":0})",
            R"({"type":3,"degree":4,"points":[]})",
+           R"({"type":3,"points":[[1,2]]})",  // stops at the missing "degree"
+           R"({"type":3,"degree":0,"points":[[1,2]]})",
            R"({"type":3,"degree":1,"points":[[0,0],[1,true]]})",
            R"({"type":4,"degree":1,"controlPoints":[{"x":0}],"knots":[]})",
            R"({"type":5,"tension":"high","knots":[]})",
        }) {
     EXPECT_FALSE(SegmentBase::createSegment(parsed(text))) << text;
   }
-  std::vector<std::string> errors = log.formatted();
-  std::erase_if(errors, [](const std::string& line) { return line[0] != '3'; });
-  EXPECT_EQ(errors, (std::vector<std::string>{"3 Param: unknown segment type: 9",
-                                              "3 Param: unknown segment type: 0"}));
+  const std::string bezier = "2 Param: Bezier segment refused: ";
+  const char* rule = " (degree 1 to 3, degree + 1 points)";
+  // Skipped keys are also reported at warning and information level; these
+  // are the segment's own lines.
+  std::vector<std::string> lines = log.formatted();
+  std::erase_if(lines, [&](const std::string& line) {
+    return line[0] != '3' && line.rfind(bezier, 0) != 0;
+  });
+  EXPECT_EQ(lines, (std::vector<std::string>{"3 Param: unknown segment type: 9",
+                                             "3 Param: unknown segment type: 0",
+                                             bezier + "degree 4" + rule, bezier + "degree 0" + rule}));
 
-  // When the handler lets it go on, the malformed key is skipped.
+  // When the handler lets it go on, the malformed key is skipped; but a new
+  // Bezier segment without readable points stays empty, so it is refused.
   ScopedErrorHandler ignore(ErrorResponseType::Ignore);
+  EXPECT_FALSE(SegmentBase::createSegment(parsed(R"({"type":3,"degree":1,"po":[[0,0],[1,1]]})")));
   auto lenient = SegmentBase::createSegment(parsed(R"({"type":1,"start":5,"end":{"x":3,"y":4}})"));
   ASSERT_TRUE(lenient);
   EXPECT_EQ(*std::static_pointer_cast<LineSegment>(lenient), LineSegment({0, 0}, {3, 4}));
@@ -96,9 +107,16 @@ TEST(Segments, BezierLoadRules) {
            R"({"points":[]})",
            R"({"points":[[0,0],[0,0],[0,0],[0,0],[0,0]]})",
            R"({})",
+           R"({"points":[[1,2]]})",
+           R"({"degree":0,"points":[[1,2]]})",
+           R"({"degree":0})",
        }) {
     EXPECT_EQ(b.load(parsed(text)), errc::badFormat) << text;
+    EXPECT_EQ(b, cubic()) << text;
   }
+  // An empty segment is not saved either: it could not be loaded back.
+  SeriObject out(utils::JsonSave::instance);
+  EXPECT_EQ(BezierSegment().save(out), errc::badFormat);
   // "degree" read but "points" missing: skipped, nothing changes.
   handler.codes.clear();
   EXPECT_EQ(b.load(parsed(R"({"degree":1})")), 0u);

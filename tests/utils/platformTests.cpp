@@ -1,11 +1,14 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <tuple>
 
 #include <utils/color.h>
 #include <utils/errorHandle.h>
 #include <utils/logger.h>
 #include <utils/timeDate.h>
+#include <utils/utf8.h>
 #include <utils/version.h>
 
 #include "support/testSupport.h"
@@ -95,4 +98,32 @@ TEST(Platform, VersionLoggerAndErrorHandler) {
               counting->allowedSets[0] == 1);
   counting.reset();
   EXPECT_EQ(handle->raiseError(0x110001, 3), Ignore);
+}
+
+// Cutting text to a byte budget keeps whole UTF-8 characters; what is not
+// well-formed UTF-8 (overlong forms, surrogates, stray continuation bytes, a
+// sequence cut short by the end) counts one byte at a time.
+TEST(Utf8, FitPrefixNeverSplitsAWellFormedCharacter) {
+  using utils::utf8::fitPrefix;
+  using utils::utf8::sequenceLength;
+  const std::tuple<std::string, std::size_t, std::size_t> cases[] = {
+      {"abc", 2, 2},
+      {"abc", 9, 3},
+      {"a\xc3\xa9", 2, 1},  // e-acute: 2 bytes
+      {"a\xc3\xa9", 3, 3},
+      {"\xe4\xb8\xad\xe4\xb8\xad", 5, 3},  // CJK: 3 bytes
+      {"\xf0\x9f\x98\x80x", 3, 0},         // emoji: 4 bytes
+      {"\xf0\x9f\x98\x80x", 4, 4},
+      {"\xc0\xafzz", 1, 1},     // overlong "/": two stray bytes
+      {"\xed\xa0\x80z", 2, 2},  // a surrogate: three stray bytes
+      {"\x80\x80\x80", 2, 2},
+      {"\xe4\xb8", 1, 1},  // cut short by the end: stray bytes
+      {"", 0, 0},
+  };
+  for (const auto& [text, budget, kept] : cases)
+    EXPECT_EQ(fitPrefix(text, budget), kept) << text << " " << budget;
+
+  EXPECT_EQ(sequenceLength("\xf4\x8f\xbf\xbf"), 4u);  // U+10FFFF
+  for (const char* bad : {"\xf4\x90\x80\x80", "\xe0\x80\x80", "\xf5\x80\x80\x80", "\xff"})
+    EXPECT_EQ(sequenceLength(bad), 0u) << bad;
 }

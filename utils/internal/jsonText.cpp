@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <new>
 
@@ -24,7 +25,8 @@ struct ExactNumberHandler {
   static constexpr std::size_t max_string_size = bj::string::max_size();
 
   bj::value_stack st;
-  std::string numberText;  // the leading parts of a number split across buffers
+  std::string numberText;   // the leading parts of a number split across buffers
+  bool outOfRange = false;  // a number beyond the double range stopped the parse
 
   bool on_document_begin(bj::error_code&) { return true; }
   bool on_document_end(bj::error_code&) { return true; }
@@ -68,7 +70,7 @@ struct ExactNumberHandler {
     st.push_uint64(u);
     return true;
   }
-  bool on_double(double d, bj::string_view s, bj::error_code&) {
+  bool on_double(double d, bj::string_view s, bj::error_code& ec) {
     const char* first = s.data();
     const char* last = first + s.size();
     if (!numberText.empty()) {
@@ -78,9 +80,20 @@ struct ExactNumberHandler {
     }
     double exact = 0;
     auto res = std::from_chars(first, last, exact);
-    // Out of the double range, keep the parser's own result (an infinity or 0).
-    st.push_double(res.ec == std::errc() && res.ptr == last ? exact : d);
     numberText.clear();
+    if (res.ec == std::errc() && res.ptr == last) {
+      st.push_double(exact);
+      return true;
+    }
+    // Beyond the double range: refused, since no double can hold it and the
+    // text written back would not be this number. A number too small for a
+    // double (1e-400) keeps the parser's result, a zero.
+    if (!std::isfinite(d)) {
+      outOfRange = true;
+      ec = bj::error::exponent_overflow;
+      return false;
+    }
+    st.push_double(d);
     return true;
   }
   bool on_bool(bool b, bj::error_code&) {
@@ -109,7 +122,8 @@ bj::value parseJson(std::string_view text, std::error_code& ec) {
     const std::size_t used = parser.write_some(false, text.data(), text.size(), bec);
     if (!bec && used < text.size()) bec = bj::error::extra_data;
     if (bec || !parser.done()) {
-      ec = std::make_error_code(std::errc::invalid_argument);
+      ec = std::make_error_code(parser.handler().outOfRange ? std::errc::result_out_of_range
+                                                            : std::errc::invalid_argument);
       return nullptr;
     }
     ec.clear();
@@ -154,7 +168,7 @@ class Writer {
         number(v.get_uint64());
         break;
       case bj::kind::double_:
-        number(v.get_double());
+        real(v.get_double());
         break;
       case bj::kind::string:
         string(v.get_string());
@@ -233,6 +247,14 @@ class Writer {
       }
     }
     n_ += len;
+  }
+
+  // JSON has no token for NaN or an infinity: they are written as the strings
+  // that the typed readers take back, never as a bare token no parser reads.
+  void real(double d) {
+    if (std::isnan(d)) return string("NaN");
+    if (std::isinf(d)) return string(d > 0 ? "Infinity" : "-Infinity");
+    number(d);
   }
 
   void string(bj::string_view s) {

@@ -1,25 +1,46 @@
 #include <param/shape/segments/bezierSegment.h>
 
 #include <algorithm>
+#include <string>
 #include <utility>
+
+#include <utils/logger.h>
 
 #include <param/errors.h>
 #include <param/shape/segments/internal/shapeAssert.h>
 
 namespace param {
 
-// Point access checks the index against the degree with PARAM_SHAPE_ASSERT, which
-// stops the program with the check's text and line. A degree beyond 3 can still
-// arise (setDegree does not check the new value), so the operations that walk
-// the points never go past the four stored ones.
+// Point access asserts the degree allows it; loading never makes a segment it would
+// refuse. setDegree does not check, so point walks stop at the four stored points.
 
 BezierSegment::~BezierSegment() = default;
-
 BezierSegment::BezierSegment(std::size_t deg, const Point2d& p0, const Point2d& p1,
                              const Point2d& p2, const Point2d& p3)
     : SegmentBase(SegmentType::Bezier), degree(deg), points{p0, p1, p2, p3} {
   PARAM_SHAPE_ASSERT(degree <= g_maxDegree);
 }
+
+namespace {
+
+// A loaded or saved segment has 2 to 4 points: degree 0 (an empty segment) has
+// no point that its accessors may give, and a degree beyond 3 has more points
+// than the segment stores.
+bool usableDegree(std::uint64_t degree) {
+  return degree != 0 && degree <= g_maxDegree;
+}
+
+SdkError refuse(const std::string& what) {
+  utils::Logger(utils::LogLevel::Warning, "Param")
+      << "Bezier segment refused: " << what << " (degree 1 to 3, degree + 1 points)";
+  return errc::badFormat;
+}
+
+SdkError refuse(const char* what, std::uint64_t value) {
+  return refuse(what + (" " + std::to_string(value)));
+}
+
+}  // namespace
 
 void BezierSegment::setDegree(std::size_t deg) {
   if (degree <= g_maxDegree) degree = deg;
@@ -102,15 +123,20 @@ SdkError BezierSegment::load(const SeriObject& obj) {
     if (errorStep(e)) return e;
     degreeRead = false;
   }
+  if (degreeRead && !usableDegree(deg)) return refuse("degree", deg);
   SeriArray rows(utils::JsonLoad::instance);
   const SdkError fetched = obj.getSeriArray("points", rows);
   if (!degreeRead) {
     // The point count decides; an empty or missing array wraps to a huge degree.
     deg = (fetched == 0 ? rows.size() : 0) - std::uint64_t{1};
-    if (deg > g_maxDegree) return errc::badFormat;
+    if (!usableDegree(deg)) return refuse("point count", fetched == 0 ? rows.size() : 0);
   } else {
-    if (fetched != 0) return errorStep(fetched);
-    if (deg > g_maxDegree || rows.size() != deg + 1) return errc::badFormat;
+    if (fetched != 0) {
+      if (SdkError e = errorStep(fetched)) return e;
+      // Going on keeps the points as they are, which an empty segment cannot.
+      return usableDegree(degree) ? 0 : refuse("no \"points\" for an empty segment");
+    }
+    if (rows.size() != deg + 1) return refuse("point count", rows.size());
   }
   degree = deg;
 
@@ -133,7 +159,7 @@ SdkError BezierSegment::load(const SeriObject& obj) {
 
 SdkError BezierSegment::save(SeriObject& obj) const {
   if (SdkError e = SegmentBase::save(obj)) return e;
-  if (degree > g_maxDegree) return errc::badFormat;
+  if (!usableDegree(degree)) return refuse("degree", degree);
   if (SdkError e = errorStep(obj.set("degree", degree))) return e;
 
   SeriArray rows(utils::JsonSave::instance);

@@ -56,14 +56,16 @@ struct PARAM_API BezierSegment : SegmentBase {
   BezierSegment postTransform(Matrix2d m) const;
 
   // Reads "degree" and "points". Without a readable "degree" the degree is the
-  // number of points - 1. A degree above 3, or a "points" array whose length is
-  // not degree + 1, returns errc::badFormat and changes nothing. When "points"
-  // cannot be fetched and the error-response step goes on, nothing changes.
+  // number of points - 1. A degree of 0 or above 3, or a "points" array whose
+  // length is not degree + 1, returns errc::badFormat (logged) and changes
+  // nothing, so every accessor works on a loaded segment. When "points" cannot
+  // be fetched and the error-response step goes on, nothing changes; for an
+  // empty segment (a new one) that is errc::badFormat as well.
   // Each entry's first two numbers are x and y; unreadable entries and
   // coordinates go through the error-response step and keep their values.
   SdkError load(const SeriObject& obj) override;
-  // Writes "type", "degree", "points". A degree above 3 returns errc::badFormat
-  // after "type".
+  // Writes "type", "degree", "points". A degree of 0 or above 3, which loading
+  // would refuse, returns errc::badFormat after "type".
   SdkError save(SeriObject& obj) const override;
 
   // Compares the kind, the degree and the meaningful points only.
