@@ -426,6 +426,13 @@ class RecordLoader {
     return *this;
   }
 
+  // The same with a few words on what the key means. Loading and saving ignore
+  // them; the schema and the format reference show them.
+  template <class T>
+  RecordLoader& operator()(const char* key, T&& member, const char* /*meaning*/) {
+    return (*this)(key, std::forward<T>(member));
+  }
+
   // A list whose unreadable element ends the walk at once with the element's
   // code, whatever the error handler would answer; the list keeps its content.
   // A missing or mistyped key goes through the error-response step as usual.
@@ -442,6 +449,10 @@ class RecordLoader {
       result_ = e;
     }
     return *this;
+  }
+  template <class T, class A>
+  RecordLoader& strictList(const char* key, std::vector<T, A>& list, const char* /*meaning*/) {
+    return strictList(key, list);
   }
 
   const SeriObject& object() const { return obj_; }
@@ -475,9 +486,15 @@ class RecordSaver {
     return *this;
   }
 
+  template <class T>
+  RecordSaver& operator()(const char* key, const T& member, const char* /*meaning*/) {
+    return (*this)(key, member);
+  }
+
   // Saved like any list; see RecordLoader::strictList.
   template <class T, class A>
-  RecordSaver& strictList(const char* key, const std::vector<T, A>& list) {
+  RecordSaver& strictList(const char* key, const std::vector<T, A>& list,
+                          const char* /*meaning*/ = nullptr) {
     return (*this)(key, list);
   }
 

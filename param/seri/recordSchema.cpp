@@ -36,6 +36,13 @@ void describeFloating(SeriObject& prop) {
   prop.setSeriArray("anyOf", std::move(anyOf));
 }
 
+void describeMeaning(SeriObject& prop, const char* meaning) {
+  std::string text = meaning;
+  std::string kind;
+  if (prop.get("description", kind) == 0 && !kind.empty()) text += "; " + kind;
+  prop.set("description", text);
+}
+
 void describeArray(SeriObject& prop, void (*items)(SeriObject&), std::size_t length) {
   prop.set("type", "array");
   SeriObject item(utils::JsonSave::instance);

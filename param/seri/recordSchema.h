@@ -39,6 +39,9 @@ PARAM_API void describeInteger(SeriObject& prop, std::int64_t lo, std::uint64_t 
 // A number, or one of the strings "NaN", "Infinity", "-Infinity".
 PARAM_API void describeFloating(SeriObject& prop);
 
+// Sets "description" to `meaning`, after what the kind of member already says.
+PARAM_API void describeMeaning(SeriObject& prop, const char* meaning);
+
 // "type": "array" with the items described by `items` and, for fixed arrays,
 // minItems = maxItems = `length`.
 PARAM_API void describeArray(SeriObject& prop, void (*items)(SeriObject&), std::size_t length);
@@ -121,10 +124,11 @@ class SchemaWriter {
   explicit SchemaWriter(SeriObject& properties) : properties_(properties) {}
 
   template <class T>
-  SchemaWriter& operator()(const char* key, const T& member) {
+  SchemaWriter& operator()(const char* key, const T& member, const char* meaning = nullptr) {
     using V = std::remove_cvref_t<T>;
     SeriObject prop(utils::JsonSave::instance);
     FieldSchema<V>::describe(prop);
+    if (meaning != nullptr) describeMeaning(prop, meaning);
     KeySink sink{prop, "default"};
     (void)FieldIo<V>::write(sink, member);  // a default that cannot be written is left out
     properties_.setSeriObject(key, std::move(prop));
@@ -132,8 +136,9 @@ class SchemaWriter {
   }
 
   template <class T, class A>
-  SchemaWriter& strictList(const char* key, const std::vector<T, A>& list) {
-    return (*this)(key, list);
+  SchemaWriter& strictList(const char* key, const std::vector<T, A>& list,
+                           const char* meaning = nullptr) {
+    return (*this)(key, list, meaning);
   }
 
   SdkError result() const { return 0; }

@@ -87,6 +87,12 @@ TEST_F(RecordSchema, PenParamPropertiesCarryTypesRangesAndDefaults) {
   std::string ref;
   EXPECT_EQ(wobble.get("$ref", ref), 0u);
   EXPECT_EQ(ref, "#/$defs/WobbleParam");
+  // The key list's few words on each key are the description.
+  std::string meaning;
+  const SeriObject wobbleKeys = child(child(child(schema, "$defs"), "WobbleParam"), "properties");
+  EXPECT_EQ(child(wobbleKeys, "wobbleDiaY").get("description", meaning), 0u);
+  EXPECT_EQ(meaning, "size of the figure across the path");
+
   // The nested default is the whole default sub-record.
   EXPECT_EQ(child(wobble, "default").stringfy(), testing_support::jsonOf(WobbleParam()));
 
