@@ -409,6 +409,16 @@ bool JsonObject::erase(const char* key) {
   return exclusive<bj::object>(node_).stable_erase(key) != 0;
 }
 
+SdkError JsonObject::setMemberText(const char* key, std::string_view text) {
+  if (key == nullptr) return errc::keyMissing;
+  std::error_code ec;
+  bj::value v = parseJson(text, ec);
+  if (ec == std::errc::result_out_of_range) return errc::outOfRange;
+  if (ec) return errc::parseError;
+  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
+  return 0;
+}
+
 std::string JsonObject::stringfy(int indent) const {
   if (!node_) return "{}";
   return writeJson(*as<const bj::object>(node_), indent);
@@ -530,6 +540,14 @@ void JsonArray::truncate(std::size_t count) {
 std::string JsonArray::elementText(std::size_t index) const {
   const void* v = at(index);
   return v ? valueText(asValue(v)) : std::string();
+}
+
+SdkError JsonArray::setElementText(std::size_t index, std::string_view text) {
+  std::error_code ec;
+  bj::value v = parseJson(text, ec);
+  if (ec == std::errc::result_out_of_range) return errc::outOfRange;
+  if (ec) return errc::parseError;
+  return storeAt(node_, index, std::move(v));
 }
 
 std::string JsonArray::stringfy(int indent) const {

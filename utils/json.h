@@ -176,6 +176,10 @@ class UTILS_API JsonObject {
 
   // The JSON text of one member ("75", "\"75\"", "{...}"); empty when missing.
   std::string memberText(const char* key) const;
+  // Stores the value of the JSON text `text` (any JSON value) under `key`,
+  // replacing a member of that name in its place. errc::parseError for text
+  // that is not one JSON value, errc::outOfRange for a number beyond a double.
+  SdkError setMemberText(const char* key, std::string_view text);
 
   std::vector<std::string> keys() const;
   std::size_t size() const;
@@ -273,6 +277,8 @@ class UTILS_API JsonArray {
 
   // The JSON text of one element; empty past the end.
   std::string elementText(std::size_t index) const;
+  // As JsonObject::setMemberText, for element `index`; index size() appends.
+  SdkError setElementText(std::size_t index, std::string_view text);
 
   std::string stringfy() const { return stringfy(0); }
   std::string stringfy(int indent) const;

@@ -13,6 +13,7 @@
 #include <utils/export.h>
 #include <utils/geometry.h>
 #include <utils/json.h>
+#include <utils/jsonPath.h>
 #include <utils/keyPath.h>
 #include <utils/logger.h>
 #include <utils/mmfile.h>
