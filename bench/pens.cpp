@@ -43,11 +43,11 @@ BENCHMARK(BM_PenArraySave)->Unit(benchmark::kMicrosecond);
 void BM_PenArrayLoad(benchmark::State& state) {
   const std::string text = savedDocument(samplePens()).stringfy();
   param::SeriDocument doc(utils::JsonLoad::instance);
-  doc.parser(text.data(), text.size());
+  if (doc.parser(text.data(), text.size()) != 0) state.SkipWithError("parse failed");
   param::PenArray pens(kPens);
   for (auto _ : state) {
     param::SeriObject table(utils::JsonLoad::instance);
-    doc.getSeriObject("pens", table);
+    if (doc.getSeriObject("pens", table) != 0) state.SkipWithError("no pens");
     benchmark::DoNotOptimize(pens.load(table));
   }
   state.SetItemsProcessed(state.iterations() * kPens);

@@ -34,7 +34,7 @@ class UTILS_API path {
   // Renames `from` to `to`, replacing an existing `to`. On POSIX systems the
   // target's directory is then flushed to disk (best effort), so that the new
   // name survives a crash.
-  static SdkError rename(const path& from, const path& to);
+  [[nodiscard]] static SdkError rename(const path& from, const path& to);
 
   friend bool operator==(const path& a, const path& b) { return a.p_ == b.p_; }
 

@@ -30,9 +30,9 @@ class PARAM_API SeriArray : public utils::JsonArray {
 
   // Each stamps the child (or `out`) with this array's info first.
   SdkError addSeriObject(SeriObject&& child);
-  SdkError getSeriObject(std::size_t index, SeriObject& out) const;
+  [[nodiscard]] SdkError getSeriObject(std::size_t index, SeriObject& out) const;
   SdkError addSeriArray(SeriArray&& child);
-  SdkError getSeriArray(std::size_t index, SeriArray& out) const;
+  [[nodiscard]] SdkError getSeriArray(std::size_t index, SeriArray& out) const;
 
  protected:
   SeriArray(utils::JsonArray&& content, const SeriInfo* info)

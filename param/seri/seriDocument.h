@@ -44,9 +44,9 @@ class PARAM_API SeriDocument : public SeriObject {
 
   // As on SeriObject, but the child or `out` always takes this document's info.
   SdkError setSeriObject(const char* key, SeriObject&& child);
-  SdkError getSeriObject(const char* key, SeriObject& out) const;
+  [[nodiscard]] SdkError getSeriObject(const char* key, SeriObject& out) const;
   SdkError setSeriArray(const char* key, SeriArray&& child);
-  SdkError getSeriArray(const char* key, SeriArray& out) const;
+  [[nodiscard]] SdkError getSeriArray(const char* key, SeriArray& out) const;
 
   // Writes the document to `file` through "<file>.tmp" in the same directory,
   // which is flushed to disk and then renamed over `file`. An empty info
@@ -55,7 +55,7 @@ class PARAM_API SeriDocument : public SeriObject {
   // encoding above 3, errc::mapFailed when the temporary file cannot be created,
   // else the codec's or the file system's code. The temporary file is renamed
   // over `file` even after a failed write, as the file format has always done.
-  SdkError writeToFile(const utils::path& file, SeriOption option) const;
+  [[nodiscard]] SdkError writeToFile(const utils::path& file, SeriOption option) const;
 
   // Replaces the content by the document in `file` and loads its information
   // block. errc::mapFailed when the file cannot be opened,
@@ -63,7 +63,7 @@ class PARAM_API SeriDocument : public SeriObject {
   // above 3, the codec's code for a damaged payload, utils::errc::parseError for
   // text that is not JSON, and the missing-key code when there is no
   // information block (the content is then already replaced).
-  SdkError readFromFile(const utils::path& file);
+  [[nodiscard]] SdkError readFromFile(const utils::path& file);
 
  protected:
   SeriDocument(SeriObject&& content, const SeriInfo* info);

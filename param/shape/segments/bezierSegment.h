@@ -61,10 +61,10 @@ struct PARAM_API BezierSegment : SegmentBase {
   // cannot be fetched and the error-response step goes on, nothing changes.
   // Each entry's first two numbers are x and y; unreadable entries and
   // coordinates go through the error-response step and keep their values.
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "degree", "points". A degree above 3 returns errc::badFormat
   // after "type".
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   // Compares the kind, the degree and the meaningful points only.
   bool operator==(const BezierSegment& other) const;
