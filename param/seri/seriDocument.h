@@ -65,6 +65,16 @@ class PARAM_API SeriDocument : public SeriObject {
   // information block (the content is then already replaced).
   [[nodiscard]] SdkError readFromFile(const utils::path& file);
 
+  // readFromFile on the bytes of a document file held in memory (the 8-byte
+  // option word, then the payload), for documents that come from elsewhere
+  // than a file: standard input, a network, an archive. The same codes.
+  [[nodiscard]] SdkError readFromMemory(const void* bytes, std::size_t size);
+
+  // Only the decoding step of reading: the JSON text of the document file
+  // `bytes`, not parsed. The same codes as readFromMemory up to the codec's.
+  [[nodiscard]] static SdkError decodeFromMemory(const void* bytes, std::size_t size,
+                                                 std::string& text);
+
  protected:
   SeriDocument(SeriObject&& content, const SeriInfo* info);
 
