@@ -3,6 +3,8 @@
 // writing the JSON text that holds them.
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+
 #include <param/params/penArray.h>
 #include <param/seri/seriDocument.h>
 
@@ -25,7 +27,7 @@ param::PenArray samplePens() {
 param::SeriDocument savedDocument(const param::PenArray& pens) {
   param::SeriDocument doc(utils::JsonSave::instance, ".cfg");
   param::SeriObject table(utils::JsonSave::instance);
-  pens.save(table);
+  if (pens.save(table) != 0) std::abort();
   doc.setSeriObject("pens", std::move(table));
   return doc;
 }
