@@ -119,10 +119,6 @@ void EncodingChoice::define(CLI::App& cmd, const std::string& defaultsText) {
                 ->check(CLI::Range(0u, 3u));
 }
 
-bool EncodingChoice::given() const {
-  return encodingOpt_->count() > 0 || aesOpt_->count() > 0 || keyOpt_->count() > 0;
-}
-
 bool EncodingChoice::resolve(const std::string& command, param::SeriOption base,
                              param::SeriOption& out) const {
   const bool hasEncoding = encodingOpt_->count() > 0;

@@ -53,8 +53,6 @@ class EncodingChoice {
   // False, after a usage message, for a combination that makes no sense.
   bool resolve(const std::string& command, param::SeriOption base, param::SeriOption& out) const;
 
-  bool given() const;
-
  private:
   std::string encoding_, aes_;
   unsigned key_ = 0;
