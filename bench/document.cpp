@@ -44,10 +44,11 @@ const param::SeriDocument& document() {
     }
     param::SeriDocument d(utils::JsonSave::instance, ".cfg");
     param::SeriObject table(utils::JsonSave::instance);
-    pens.save(table);
+    if (pens.save(table) != 0) std::abort();
     d.setSeriObject("pens", std::move(table));
     const fs::path probe = fs::temp_directory_path() / "param-bench-probe.cfg";
-    d.writeToFile(probe, param::SeriOption());  // stores the information block
+    // Writing stores the information block.
+    if (d.writeToFile(probe, param::SeriOption()) != 0) std::abort();
     fs::remove(probe);
     return d;
   }();
@@ -71,35 +72,32 @@ const char* name(int encoding) {
   return names[encoding];
 }
 
-void encodeBare(int encoding, const std::string& in, std::string& out) {
+utils::SdkError encodeBare(int encoding, const std::string& in, std::string& out) {
   switch (encoding) {
     case 0:
       alg::base64::encode(in.data(), in.size(), out);
-      break;
+      return 0;
     case 1:
       alg::XOR::encode(in.data(), in.size(), kKey, 16, out);
-      break;
+      return 0;
     case 2:
-      alg::lzma::compress(in.data(), in.size(), out);
-      break;
+      return alg::lzma::compress(in.data(), in.size(), out);
     default:
-      alg::aes::encrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
+      return alg::aes::encrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
   }
 }
 
-void decodeBare(int encoding, const std::string& in, std::string& out) {
+utils::SdkError decodeBare(int encoding, const std::string& in, std::string& out) {
   switch (encoding) {
     case 0:
-      alg::base64::decode(in.data(), in.size(), out);
-      break;
+      return alg::base64::decode(in.data(), in.size(), out);
     case 1:
       alg::XOR::decode(in.data(), in.size(), kKey, 16, out);
-      break;
+      return 0;
     case 2:
-      alg::lzma::decompress(in.data(), in.size(), out);
-      break;
+      return alg::lzma::decompress(in.data(), in.size(), out);
     default:
-      alg::aes::decrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
+      return alg::aes::decrypt(alg::AESAlgorithm::GCM, in.data(), in.size(), kKey, 16, out);
   }
 }
 
@@ -152,7 +150,7 @@ void BM_BareEncode(benchmark::State& state) {
   state.SetLabel(name(encoding));
   std::string out;
   for (auto _ : state) {
-    encodeBare(encoding, text(), out);
+    if (encodeBare(encoding, text(), out) != 0) state.SkipWithError("encode failed");
     benchmark::DoNotOptimize(out);
   }
   setRate(state);
@@ -163,9 +161,9 @@ void BM_BareDecode(benchmark::State& state) {
   const int encoding = static_cast<int>(state.range(0));
   state.SetLabel(name(encoding));
   std::string encoded, out;
-  encodeBare(encoding, text(), encoded);
+  if (encodeBare(encoding, text(), encoded) != 0) state.SkipWithError("encode failed");
   for (auto _ : state) {
-    decodeBare(encoding, encoded, out);
+    if (decodeBare(encoding, encoded, out) != 0) state.SkipWithError("decode failed");
     benchmark::DoNotOptimize(out);
   }
   setRate(state);
@@ -179,7 +177,7 @@ void BM_BareDurableWrite(benchmark::State& state) {
   const int encoding = static_cast<int>(state.range(0));
   state.SetLabel(name(encoding));
   std::string payload;
-  encodeBare(encoding, text(), payload);
+  if (encodeBare(encoding, text(), payload) != 0) state.SkipWithError("encode failed");
   payload.insert(0, 8, '\0');
   const fs::path file = benchFile();
   const std::string temporary = file.string() + ".tmp";
@@ -215,7 +213,7 @@ void BM_ReadFromFile(benchmark::State& state) {
   const int encoding = static_cast<int>(state.range(0));
   state.SetLabel(name(encoding));
   const fs::path file = benchFile();
-  document().writeToFile(file, option(encoding));
+  if (document().writeToFile(file, option(encoding)) != 0) state.SkipWithError("write failed");
   for (auto _ : state) {
     param::SeriDocument doc(utils::JsonLoad::instance);
     if (doc.readFromFile(file) != 0) state.SkipWithError("read failed");

@@ -38,7 +38,7 @@ void BM_MoveToDataEnd(benchmark::State& state) {
   const std::vector<char>& s = stream(static_cast<int>(state.range(0)));
   for (auto _ : state) {
     param::SriFile f;
-    f.readFromStream(s.data(), s.size());
+    if (!f.readFromStream(s.data(), s.size())) state.SkipWithError("the header was refused");
     f.MoveToDataEnd();
     if (f.GetPos() != valueSize) state.SkipWithError("the end marker was not found");
     benchmark::DoNotOptimize(f);

@@ -4,6 +4,8 @@
 // text that holds them.
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+
 #include <param/params/penArray.h>
 #include <param/seri/seriDocument.h>
 
@@ -26,7 +28,7 @@ param::PenArray samplePens() {
 param::SeriDocument savedDocument(const param::PenArray& pens) {
   param::SeriDocument doc(utils::JsonSave::instance, ".cfg");
   param::SeriObject table(utils::JsonSave::instance);
-  pens.save(table);
+  if (pens.save(table) != 0) std::abort();
   doc.setSeriObject("pens", std::move(table));
   return doc;
 }
@@ -49,14 +51,14 @@ void BM_PenArraySaveInPlace(benchmark::State& state) {
   const param::PenArray pens = samplePens();
   const std::string text = savedDocument(pens).stringfy();
   param::SeriDocument doc(utils::JsonLoad::instance);
-  doc.parser(text.data(), text.size());
+  if (doc.parser(text.data(), text.size()) != 0) state.SkipWithError("document text");
   const bool take = state.range(0) != 0;
   for (auto _ : state) {
     param::SeriObject table(utils::JsonLoad::instance);
     if (take) {
       doc.takeSeriObject("pens", table);
     } else {
-      doc.getSeriObject("pens", table);
+      benchmark::DoNotOptimize(doc.getSeriObject("pens", table));
     }
     benchmark::DoNotOptimize(pens.save(table));
     doc.setSeriObject("pens", std::move(table));
@@ -68,11 +70,11 @@ BENCHMARK(BM_PenArraySaveInPlace)->ArgName("Take")->Arg(0)->Arg(1)->Unit(benchma
 void BM_PenArrayLoad(benchmark::State& state) {
   const std::string text = savedDocument(samplePens()).stringfy();
   param::SeriDocument doc(utils::JsonLoad::instance);
-  doc.parser(text.data(), text.size());
+  if (doc.parser(text.data(), text.size()) != 0) state.SkipWithError("parse failed");
   param::PenArray pens(kPens);
   for (auto _ : state) {
     param::SeriObject table(utils::JsonLoad::instance);
-    doc.getSeriObject("pens", table);
+    if (doc.getSeriObject("pens", table) != 0) state.SkipWithError("no pens");
     benchmark::DoNotOptimize(pens.load(table));
   }
   state.SetItemsProcessed(state.iterations() * kPens);

@@ -17,6 +17,13 @@ function(param_add_library target dir prefix)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:param_build_flags>)
   set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION}
                                              SOVERSION ${PROJECT_VERSION_MAJOR})
+  # Installed, the libraries sit in one folder and find each other there, from
+  # any prefix: a host that calls only libparam need not know about param_utils.
+  if(APPLE)
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "@loader_path")
+  elseif(UNIX)
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+  endif()
   install(TARGETS ${target} EXPORT paramTargets
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
           ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}

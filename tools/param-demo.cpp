@@ -4,6 +4,7 @@
 // it is the same document.
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <string>
@@ -34,6 +35,13 @@ const std::vector<Encoding> kEncodings = {
     {"aes-128-cbc", "demo-aes-cbc.cfg", param::SeriOption(param::SeriOption::Aes, 2, 0)},
     {"aes-128-ctr", "demo-aes-ctr.cfg", param::SeriOption(param::SeriOption::Aes, 3, 1)},
 };
+
+// Stops the demo with the library's description of a step that failed.
+void require(param::SdkError e, const char* what) {
+  if (e == 0) return;
+  std::printf("%s failed: %s (0x%x)\n", what, param::errorText(e), e);
+  std::exit(1);
+}
 
 double msSince(std::chrono::steady_clock::time_point start) {
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
@@ -76,19 +84,16 @@ param::LmcParam buildBoard() {
 // A 10 mm square marked with the pen's wobble, and where it lands on the field
 // when the job is rotated by 30 degrees about its centre.
 void showGeometry(const param::PenParam& pen) {
-  const std::vector<param::MPointF2d> square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}};
+  const param::PathF2d square = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}};
   param::WobblePathProc wobble;
   wobble.setWobblePar(pen.wobble);
-  std::vector<param::MPointF2d> wobbled;
+  std::vector<param::Point2d> wobbled;
   wobble.doWobble(square, wobbled);
   std::printf("wobble:   pen %d turns a 10 mm square into %zu points\n", pen.penId, wobbled.size());
 
   const param::Matrix2d turn = param::Matrix2d::makeRotate(30, 5, 5);
-  param::PathF2d outline;
-  for (const auto& p : square) {
-    outline.emplace_back(turn[0] * p.x + turn[2] * p.y + turn[4],
-                         turn[1] * p.x + turn[3] * p.y + turn[5]);
-  }
+  param::PathF2d outline = square;
+  turn.mapPoints(outline);
   const param::Rect2d box = param::CalcUtil::bounds(outline);
   std::vector<param::Point2d> clipped;
   param::CalcUtil::secantLineByRect(outline[0], outline[2], {0, 0, 10, 10}, clipped);
@@ -101,10 +106,10 @@ void showGeometry(const param::PenParam& pen) {
 param::SeriDocument buildDocument(const param::PenArray& pens) {
   param::SeriDocument doc(utils::JsonSave::instance, "");
   param::SeriObject table(utils::JsonSave::instance);
-  pens.save(table);
+  require(pens.save(table), "saving the pens");
   doc.setSeriObject("pens", std::move(table));
   param::SeriObject board(utils::JsonSave::instance);
-  buildBoard().save(board);
+  require(buildBoard().save(board), "saving the board");
   doc.setSeriObject("board", std::move(board));
 
   auto colors = param::ColorMgr::instance();
@@ -113,7 +118,7 @@ param::SeriDocument buildDocument(const param::PenArray& pens) {
         utils::Color::HSV,
         std::array<std::uint8_t, 3>{static_cast<std::uint8_t>(i * 60), 255, 255}.data(), 3);
   param::SeriObject palette(utils::JsonSave::instance);
-  colors->save(palette);
+  require(colors->save(palette), "saving the colours");
   doc.setSeriObject("colors", std::move(palette));
   std::printf("colours:  %zu pen colours from the colour table\n", colors->size());
   return doc;
@@ -155,7 +160,8 @@ int main(int argc, char** argv) {
   }
   param::FillLayerParam hatch;
   hatch.fillSpace = 0.05;
-  param::DefaultParamMgr::storeDefault("struct FillLayerParam", hatch);
+  require(param::DefaultParamMgr::storeDefault("struct FillLayerParam", hatch),
+          "storing a default");
   std::printf("defaults: new fill layers now hatch every %.2f mm (stored in defaults.cfg)\n",
               param::FillLayerParam().fillSpace);
 

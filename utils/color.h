@@ -26,8 +26,9 @@ class UTILS_API Color {
   static std::size_t componentCount(std::uint8_t model);
 
   constexpr Color() = default;  // transparent
-  constexpr Color(std::uint8_t r, std::uint8_t g, std::uint8_t b, std::uint8_t a = 255)
-      : rgba_{r, g, b, a} {}
+  // Red, green, blue and alpha, each 0-255 (values outside are clamped).
+  // Color(255, 0, 0) is opaque red.
+  constexpr Color(int r, int g, int b, int a = 255) : rgba_{byte(r), byte(g), byte(b), byte(a)} {}
   // Components missing from `count` read as 0, a missing alpha as 255. An unknown
   // model gives a transparent colour.
   Color(std::uint8_t model, const std::uint8_t* components, std::size_t count);
@@ -35,11 +36,15 @@ class UTILS_API Color {
   static const Color Transparent;
 
   // Red, green, blue and alpha.
-  std::array<std::uint8_t, 4> rgbaValue() const { return rgba_; }
+  constexpr std::array<std::uint8_t, 4> rgbaValue() const { return rgba_; }
 
   friend bool operator==(const Color&, const Color&) = default;
 
  private:
+  static constexpr std::uint8_t byte(int v) {
+    return static_cast<std::uint8_t>(v < 0 ? 0 : v > 255 ? 255 : v);
+  }
+
   std::array<std::uint8_t, 4> rgba_{};
 };
 

@@ -161,8 +161,8 @@ class UTILS_API JsonObject {
 
   // Nested objects and arrays. get makes `out` a view of the child (see above);
   // set moves `child` in, replacing a member of the same name.
-  SdkError getJsonObject(const char* key, JsonObject& out) const;
-  SdkError getJsonArray(const char* key, JsonArray& out) const;
+  [[nodiscard]] SdkError getJsonObject(const char* key, JsonObject& out) const;
+  [[nodiscard]] SdkError getJsonArray(const char* key, JsonArray& out) const;
   SdkError setJsonObject(const char* key, JsonObject&& child);
   SdkError setJsonArray(const char* key, JsonArray&& child);
 
@@ -196,7 +196,7 @@ class UTILS_API JsonObject {
   // errc::parseError for text that is not JSON, errc::outOfRange for a number
   // beyond the range of a double, errc::wrongType for JSON that is not an
   // object; the content is unchanged then.
-  SdkError parser(const char* text, std::size_t length);
+  [[nodiscard]] SdkError parser(const char* text, std::size_t length);
 
  protected:
   // setJsonObject for bookkeeping members that a const operation maintains (a
@@ -246,8 +246,8 @@ class UTILS_API JsonArray {
   SdkError add(const std::string& in) { return add(std::string_view(in)); }
   SdkError add(const char* in) { return add(std::string_view(in ? in : "")); }
 
-  SdkError getJsonObject(std::size_t index, JsonObject& out) const;
-  SdkError getJsonArray(std::size_t index, JsonArray& out) const;
+  [[nodiscard]] SdkError getJsonObject(std::size_t index, JsonObject& out) const;
+  [[nodiscard]] SdkError getJsonArray(std::size_t index, JsonArray& out) const;
   SdkError addJsonObject(JsonObject&& child);
   SdkError addJsonArray(JsonArray&& child);
 
@@ -283,7 +283,7 @@ class UTILS_API JsonArray {
   std::string stringfy() const { return stringfy(0); }
   std::string stringfy(int indent) const;
   // Replaces the content by the parsed text, which must be one JSON array.
-  SdkError parser(const char* text, std::size_t length);
+  [[nodiscard]] SdkError parser(const char* text, std::size_t length);
 
  private:
   friend class JsonObject;

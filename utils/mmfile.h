@@ -73,9 +73,9 @@ class UTILS_API wo_mmfile {
   SdkError error() const { return error_; }
 
   // Copies `count` bytes to `offset`; errc::writeOutOfBounds past the end.
-  SdkError write(std::size_t offset, const void* bytes, std::size_t count);
+  [[nodiscard]] SdkError write(std::size_t offset, const void* bytes, std::size_t count);
   // Writes the mapped pages and the file's metadata to the disk.
-  SdkError flush();
+  [[nodiscard]] SdkError flush();
   void close();
 
  private:

@@ -41,7 +41,7 @@ class UTILS_API path {
   // Renames `from` to `to`, replacing an existing `to`. On POSIX systems the
   // target's directory is then flushed to disk (best effort), so that the new
   // name survives a crash. A failure is recorded (utils::lastFileFailure).
-  static SdkError rename(const path& from, const path& to);
+  [[nodiscard]] static SdkError rename(const path& from, const path& to);
   // As rename, but fails (EEXIST in utils::lastFileFailure) rather than replace
   // an existing `to`.
   static SdkError renameNoReplace(const path& from, const path& to);

@@ -43,7 +43,7 @@ class PARAM_API SriFile {
 
   // Takes the block and checks its header. False (and the bad-data state) for a
   // block shorter than the header, a wrong magic, or a stream already in error.
-  bool readFromStream(const char* data, std::size_t size);
+  [[nodiscard]] bool readFromStream(const char* data, std::size_t size);
 
   std::size_t Size() const { return size_; }
   // Only in the good state: absolute places the position at `offset` bytes into

@@ -38,8 +38,8 @@ class PARAM_API ColorMgr {
   // 255. The live table is left as it is: loading validates.
   // A missing "color" goes through the error-response step; an unknown mode is
   // errc::badFormat, logged as "error color mode: <mode>".
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   std::shared_ptr<ColorMgr> clone() const;
   // Removes every entry.

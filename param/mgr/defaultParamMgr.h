@@ -47,7 +47,7 @@ class PARAM_API DefaultParamMgr : public SeriDocument {
   // Saves `value` as the default under `key` and writes the document file.
   // Returns the result of storing (the file write's own result is not reported).
   template <class T>
-  static SdkError storeDefault(const char* key, const T& value) {
+  [[nodiscard]] static SdkError storeDefault(const char* key, const T& value) {
     std::shared_ptr<DefaultParamMgr> mgr = instance();
     if (!mgr) return errc::notLoaded;
     SeriObject record(utils::JsonSave::instance);
@@ -59,7 +59,7 @@ class PARAM_API DefaultParamMgr : public SeriDocument {
   explicit DefaultParamMgr(const std::string& extension = "");
 
   // The stored object `key`, as a view.
-  SdkError getDefaultValue(const char* key, SeriObject& value);
+  [[nodiscard]] SdkError getDefaultValue(const char* key, SeriObject& value);
   // Stores `value` under `key`, then saves the document to the remembered file
   // on every way out of the call.
   SdkError setDefaultValue(const char* key, SeriObject&& value);

@@ -19,8 +19,8 @@ struct PARAM_API ArrayParam {
   RectArrayParam rect;
   CircularArrayParam circular;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // Both disabled, or both enabled with the same type and an equal layout of
   // that type ("disableSeriChange" and the other layout do not count).

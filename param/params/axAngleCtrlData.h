@@ -25,8 +25,8 @@ struct PARAM_API AxAngleCtrlData : ExtParam {
   ~AxAngleCtrlData() override;
 
   AxAngleCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

@@ -38,8 +38,8 @@ struct PARAM_API AxDivCtrlData : ExtParam {
   ~AxDivCtrlData() override;
 
   AxDivCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

@@ -25,8 +25,8 @@ struct PARAM_API AxRingCtrlData : ExtParam {
   ~AxRingCtrlData() override;
 
   AxRingCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

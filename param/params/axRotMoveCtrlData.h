@@ -36,8 +36,8 @@ struct PARAM_API AxRotMoveCtrlData : ExtParam {
   ~AxRotMoveCtrlData() override;
 
   AxRotMoveCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

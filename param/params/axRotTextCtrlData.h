@@ -26,8 +26,8 @@ struct PARAM_API AxRotTextCtrlData : ExtParam {
   ~AxRotTextCtrlData() override;
 
   AxRotTextCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

@@ -35,8 +35,8 @@ struct PARAM_API AxSupRulerCtrlData : ExtParam {
   ~AxSupRulerCtrlData() override;
 
   AxSupRulerCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

@@ -19,8 +19,8 @@ struct PARAM_API AxisRunData {
   AxisRunData& operator=(const AxisRunData&) = default;
   AxisRunData& operator=(AxisRunData&&) = default;
 
-  virtual SdkError load(const SeriObject& obj);
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
   // Declared after load and save, which keep the first two virtual slots.
   virtual ~AxisRunData() = default;
 };

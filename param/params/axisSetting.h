@@ -48,8 +48,8 @@ struct PARAM_API AxisSetting {
   AxisSetting& operator=(const AxisSetting&) = default;
   AxisSetting& operator=(AxisSetting&&) = default;
 
-  virtual SdkError load(const SeriObject& obj);
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
   // Declared after load and save, which keep the first two virtual slots.
   virtual ~AxisSetting() = default;
 

@@ -16,8 +16,8 @@ struct PARAM_API CircularArrayParam {
   double startAngle = 90.0;
   double angleIncrease = 30.0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // Count and direction equal, the radius exactly equal, the angles within 0.0001.
   bool operator==(const CircularArrayParam& other) const;

@@ -31,8 +31,8 @@ struct PARAM_API DataRecordParam {
 
   DataRecordParam();
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // All eight members equal.
   bool isSameEffect(const DataRecordParam& other) const;

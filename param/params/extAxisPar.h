@@ -21,8 +21,8 @@ struct PARAM_API ExtAxisPar {
   ExtAxisPar& operator=(const ExtAxisPar&) = default;
   ExtAxisPar& operator=(ExtAxisPar&&) = default;
 
-  virtual SdkError load(const SeriObject& obj);
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
   // Declared after load and save, which keep the first two virtual slots.
   virtual ~ExtAxisPar() = default;
 

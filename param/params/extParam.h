@@ -15,8 +15,8 @@ class PARAM_API ExtParam {
   virtual ~ExtParam() = default;
   // A new heap copy of the concrete record; the caller owns it.
   virtual ExtParam* clone() const = 0;
-  virtual SdkError load(const SeriObject& obj);
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
 
  protected:
   ExtParam() = default;
@@ -44,8 +44,8 @@ class PARAM_API ExtParamProxy {
   bool empty() const { return !ext_; }
 
   // Forward to the held extension; 0 when there is none.
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
  private:
   std::unique_ptr<ExtParam> ext_;

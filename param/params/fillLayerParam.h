@@ -35,8 +35,8 @@ struct PARAM_API FillLayerParam {
 
   FillLayerParam();
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // Whether two layers mark the same: the members that the layer's pattern uses
   // must match (doubles exactly, start and end offsets within 0.0001 unless

@@ -19,8 +19,8 @@ struct PARAM_API FillParam {
   // Loading reads at most three objects of "layer", object i into layer i in
   // place; a shorter array leaves the other layers as they were. Saving stops
   // quietly at a layer whose save fails, storing the layers before it.
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   bool isFillEnabled() const;
   // Disables every layer; true when at least one was enabled.

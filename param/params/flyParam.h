@@ -43,8 +43,8 @@ struct PARAM_API FlyParam {
   std::uint32_t pipeTime = 100;
   std::uint16_t pipeMarkCount = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

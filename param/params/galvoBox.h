@@ -18,8 +18,8 @@ struct PARAM_API GalvoBox {
   double scaleX = 100.0;
   double scaleY = 100.0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -22,8 +22,8 @@ struct PARAM_API GalvoEquiScale {
   std::vector<double> fsrX;
   std::vector<double> fsrY;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -57,8 +57,8 @@ struct PARAM_API GalvoParam {
   // when galvoSize is positive (otherwise unitsPerMm keeps its value).
   void setResolution(int n);
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

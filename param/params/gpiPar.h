@@ -14,8 +14,8 @@ struct PARAM_API GpiPar {
   bool bLevel = false;            // active level
   std::uint32_t fliterTime = 10;  // debounce time; the key keeps its historical spelling
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -17,8 +17,8 @@ struct PARAM_API GpoPar {
   std::int32_t delayMode = 1;
   std::uint32_t delayValue = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

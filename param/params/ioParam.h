@@ -17,8 +17,8 @@ struct PARAM_API IOParam {
   GpoPar redFocusGpo;     // red focus light
   GpiPar triggerMarkGpi;  // starts marking
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

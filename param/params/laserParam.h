@@ -36,8 +36,8 @@ struct PARAM_API LaserParamCO2 {
   std::int32_t moOnTime = 0;
   std::int32_t moOffTime = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // Lamp- or diode-pumped YAG source ("yagPar").
@@ -53,8 +53,8 @@ struct PARAM_API LaserParamYAG {
   std::int32_t moOnTime = 8000;
   std::int32_t moOffTime = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // UV source ("uvPar").
@@ -71,8 +71,8 @@ struct PARAM_API LaserParamUV {
   std::int32_t moOnTime = 0;
   std::int32_t moOffTime = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // Fiber source ("fiberPar").
@@ -82,8 +82,8 @@ struct PARAM_API LaserParamFiber {
   std::int32_t moOnTime = 8000;
   std::int32_t moOffTime = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // MOPA fiber source ("mopaPar"): the same settings, keys and behaviour as the
@@ -106,8 +106,8 @@ struct PARAM_API LaserParamQCW {
   std::int32_t moOnTime = 0;
   std::int32_t moOffTime = 0;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // Welding YAG source ("weldYagPar"): the output that switches the laser on and
@@ -117,8 +117,8 @@ struct PARAM_API LaserParamWeldYAG {
   GpoPar laserEnable;
   std::vector<GpoPar> vWaveSelGpo;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // The laser-state check before marking ("checkPar"): one expected state per
@@ -127,8 +127,8 @@ struct PARAM_API LaserCheckParam {
   bool bEnable = false;
   std::array<std::int8_t, 6> pinState{-1, -1, -1, -1, -1, -1};
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // The laser-source section ("laserParam" of the board record). The meaning of
@@ -144,8 +144,8 @@ struct PARAM_API LaserParam {
   LaserParamQCW qcwPar;
   LaserParamWeldYAG weldYagPar;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 // Single-instruction commands to the board's analogue, power and PWM outputs.

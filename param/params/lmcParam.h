@@ -27,8 +27,8 @@ struct PARAM_API LmcParam {
   ExtAxisParArray axParArray;  // two axes, ids 0 and 1, by default
   FlyParam flyParam;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

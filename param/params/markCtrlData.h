@@ -45,8 +45,8 @@ struct PARAM_API MarkCtrlData {
   MarkCtrlData& operator=(MarkCtrlData&& other);
   ~MarkCtrlData() = default;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -19,8 +19,8 @@ struct PARAM_API MarkParam {
   bool watchDogEnable = false;
   std::uint16_t watchDogTimes = 1000;  // a stored value above 65535 is refused on loading
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

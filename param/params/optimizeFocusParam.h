@@ -14,8 +14,8 @@ struct PARAM_API OptimizeFocusParam {
   std::uint32_t endTime = 1000;
   float interrupAngle = 0.0f;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

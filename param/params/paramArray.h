@@ -36,14 +36,14 @@ template <class T>
 struct ParamArray : std::vector<T> {
   using std::vector<T>::vector;
 
-  virtual SdkError load(const SeriObject& obj);
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
 
   // The element rules of load and save on a bare array of element objects, for
   // records that store the array directly under a key of their own. They return
   // the raw code; load and save put it through the error-response step.
   // saveElements writes over the objects `out` holds, as save does.
-  SdkError loadElements(const SeriArray& saved);
+  [[nodiscard]] SdkError loadElements(const SeriArray& saved);
   void saveElements(SeriArray& out) const;
 
   // Position of the first element whose id() equals `id`, or -1.

@@ -49,8 +49,8 @@ struct PARAM_API PenParam {
 
   std::int32_t id() const { return penId; }
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

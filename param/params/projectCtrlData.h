@@ -22,8 +22,8 @@ struct PARAM_API ProjectCtrlData : ExtParam {
   ~ProjectCtrlData() override;
 
   ProjectCtrlData* clone() const override;
-  SdkError load(const SeriObject& obj) override;
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 };
 
 }  // namespace param

@@ -13,8 +13,8 @@ struct PARAM_API PulsePointParam {
   bool bEnable = false;
   std::uint32_t pulsePerPoint = 10;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

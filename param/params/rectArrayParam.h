@@ -56,8 +56,8 @@ struct PARAM_API RectArrayParam {
 
   RectArrayParam();
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // The flags byte and the counts equal, the distances within 0.0001.
   bool operator==(const RectArrayParam& other) const;

@@ -17,8 +17,8 @@ struct PARAM_API RedlightParam {
   float speed = 3000.0f;          // preview scanning speed
   bool bInnerSrc = false;         // light from the internal source
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -14,8 +14,8 @@ struct PARAM_API StepMarkParam {
   std::uint32_t stepDelay = 100;
   float stepLen = 0.02f;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -16,8 +16,8 @@ struct PARAM_API WobbleParam {
   float wobbleDiaY = 1.0f;      // size across the path
   float wobbleSpace = 0.5f;     // path length of one period
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 };
 
 }  // namespace param

@@ -30,9 +30,9 @@ class PARAM_API SeriArray : public utils::JsonArray {
 
   // Each stamps the child (or `out`) with this array's info first.
   SdkError addSeriObject(SeriObject&& child);
-  SdkError getSeriObject(std::size_t index, SeriObject& out) const;
+  [[nodiscard]] SdkError getSeriObject(std::size_t index, SeriObject& out) const;
   SdkError addSeriArray(SeriArray&& child);
-  SdkError getSeriArray(std::size_t index, SeriArray& out) const;
+  [[nodiscard]] SdkError getSeriArray(std::size_t index, SeriArray& out) const;
   // Replace element `index` (index size() appends), stamping the child first.
   SdkError setSeriObject(std::size_t index, SeriObject&& child);
   SdkError setSeriArray(std::size_t index, SeriArray&& child);

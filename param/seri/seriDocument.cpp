@@ -230,4 +230,31 @@ SdkError SeriDocument::readFromFile(const utils::path& file) {
   return e;
 }
 
+SdkError SeriDocument::decodeFromMemory(const void* bytes, std::size_t size, std::string& text) {
+  if (size < kHeaderSize) return utils::errc::fileTooShort;
+  const auto* in = static_cast<const std::uint8_t*>(bytes);
+  return decode(in + kHeaderSize, size - kHeaderSize, SeriOption(loadWord(in)), text);
+}
+
+SdkError SeriDocument::readFromMemory(const void* bytes, std::size_t size) {
+  SdkError e = 0;
+  {
+    std::string text;
+    e = decodeFromMemory(bytes, size, text);
+    if (e == 0) e = parser(text.data(), text.size());
+  }
+  if (e == 0) {
+    // A missing block is returned as it is, without the error-response step.
+    SeriObject block(utils::JsonLoad::instance);
+    e = getSeriObject(kInfoKey, block);
+    if (e == 0) e = info_.load(block);
+  }
+  if (e != 0) {
+    utils::Logger(utils::LogLevel::Error, "Param")
+        .write("read document from memory failed, ")
+        .write(e);
+  }
+  return e;
+}
+
 }  // namespace param

@@ -44,9 +44,9 @@ class PARAM_API SeriDocument : public SeriObject {
 
   // As on SeriObject, but the child or `out` always takes this document's info.
   SdkError setSeriObject(const char* key, SeriObject&& child);
-  SdkError getSeriObject(const char* key, SeriObject& out) const;
+  [[nodiscard]] SdkError getSeriObject(const char* key, SeriObject& out) const;
   SdkError setSeriArray(const char* key, SeriArray&& child);
-  SdkError getSeriArray(const char* key, SeriArray& out) const;
+  [[nodiscard]] SdkError getSeriArray(const char* key, SeriArray& out) const;
 
   // Writes the document to `file` through a temporary file in the same
   // directory, which is flushed to disk and then renamed over `file`
@@ -61,7 +61,7 @@ class PARAM_API SeriDocument : public SeriObject {
   // is a directory, device or FIFO, utils::errc::fileIoError for a failed
   // flush or rename, else the codec's code. The cause is logged and kept in
   // utils::lastFileFailure (param::errorText shows it).
-  SdkError writeToFile(const utils::path& file, SeriOption option) const;
+  [[nodiscard]] SdkError writeToFile(const utils::path& file, SeriOption option) const;
 
   // Replaces the content by the document in `file` and loads its information
   // block. errc::mapFailed when the file cannot be opened,
@@ -69,7 +69,17 @@ class PARAM_API SeriDocument : public SeriObject {
   // above 3, the codec's code for a damaged payload, utils::errc::parseError for
   // text that is not JSON, and the missing-key code when there is no
   // information block (the content is then already replaced).
-  SdkError readFromFile(const utils::path& file);
+  [[nodiscard]] SdkError readFromFile(const utils::path& file);
+
+  // readFromFile on the bytes of a document file held in memory (the 8-byte
+  // option word, then the payload), for documents that come from elsewhere
+  // than a file: standard input, a network, an archive. The same codes.
+  [[nodiscard]] SdkError readFromMemory(const void* bytes, std::size_t size);
+
+  // Only the decoding step of reading: the JSON text of the document file
+  // `bytes`, not parsed. The same codes as readFromMemory up to the codec's.
+  [[nodiscard]] static SdkError decodeFromMemory(const void* bytes, std::size_t size,
+                                                 std::string& text);
 
  protected:
   SeriDocument(SeriObject&& content, const SeriInfo* info);

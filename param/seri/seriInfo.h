@@ -25,8 +25,8 @@ struct PARAM_API SeriInfo {
   // Reads "ver", "os", "arch", "extension". "ver" goes on past an error unless
   // the handler aborts, and a text that is no version raises param::errc::badVersion
   // and keeps `ver`; the other three go on only when the handler answers Ignore.
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // The operating system this library was built for.
   static const char* buildOs();

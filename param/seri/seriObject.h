@@ -36,10 +36,10 @@ class PARAM_API SeriObject : public utils::JsonObject {
   SdkError setSeriObject(const char* key, SeriObject&& child);
   // `out` takes this node's info, then becomes the object under `key`
   // (errc::keyMissing or errc::wrongType, content untouched, otherwise).
-  SdkError getSeriObject(const char* key, SeriObject& out) const;
+  [[nodiscard]] SdkError getSeriObject(const char* key, SeriObject& out) const;
   // Stores `child` under `key`; the child's own info is left as it is.
   SdkError setSeriArray(const char* key, SeriArray&& child);
-  SdkError getSeriArray(const char* key, SeriArray& out) const;
+  [[nodiscard]] SdkError getSeriArray(const char* key, SeriArray& out) const;
   // `out` takes this node's info, then the object or array under `key` is moved
   // into it for editing in place (see utils::JsonObject::takeJsonObject); store
   // it back with setSeriObject or setSeriArray.

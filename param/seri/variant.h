@@ -18,9 +18,9 @@ class PARAM_API Variant : public SeriObject {
 
   // Becomes a deep copy of parent["variant"]. When that is missing the
   // error-response step decides; on going on the content stays as it was.
-  SdkError load(const SeriObject& parent);
+  [[nodiscard]] SdkError load(const SeriObject& parent);
   // Stores a deep copy under parent["variant"].
-  SdkError save(SeriObject& parent) const;
+  [[nodiscard]] SdkError save(SeriObject& parent) const;
 };
 
 }  // namespace param

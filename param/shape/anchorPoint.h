@@ -22,8 +22,8 @@ struct PARAM_API AnchorPoint {
   AnchorPoint& operator=(const AnchorPoint&) = default;
   ~AnchorPoint() = default;
 
-  SdkError load(const SeriObject& obj);
-  SdkError save(SeriObject& obj) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj);
+  [[nodiscard]] SdkError save(SeriObject& obj) const;
 
   // The same kind, and both coordinates less than 0.0001 apart.
   bool operator==(const AnchorPoint& other) const;

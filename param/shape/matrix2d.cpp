@@ -210,6 +210,37 @@ Matrix2d& Matrix2d::operator*=(const Matrix2d& o) {
 
 // ---- queries ----
 
+Point2d Matrix2d::mapXY(double x, double y) const {
+  return {m_[0] * x + m_[2] * y + m_[4], m_[1] * x + m_[3] * y + m_[5]};
+}
+
+Point2d Matrix2d::mapPoint(const Point2d& p) const {
+  return mapXY(p.x, p.y);
+}
+
+MPointF2d Matrix2d::mapPoint(const MPointF2d& p) const {
+  const Point2d q = mapXY(p.x, p.y);
+  return {q.x, q.y, p.flag};
+}
+
+void Matrix2d::mapPoints(Point2d dst[], const Point2d src[], std::size_t count) const {
+  for (std::size_t i = 0; i < count; ++i)
+    dst[i] = mapPoint(src[i]);
+}
+
+void Matrix2d::mapPoints(MPointF2d dst[], const MPointF2d src[], std::size_t count) const {
+  for (std::size_t i = 0; i < count; ++i)
+    dst[i] = mapPoint(src[i]);
+}
+
+void Matrix2d::mapPoints(std::vector<Point2d>& points) const {
+  mapPoints(points.data(), points.data(), points.size());
+}
+
+void Matrix2d::mapPoints(std::vector<MPointF2d>& points) const {
+  mapPoints(points.data(), points.data(), points.size());
+}
+
 double Matrix2d::determinant() const {
   return m_[3] * m_[0] - m_[2] * m_[1];
 }

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 #include <param/export.h>
 #include <param/seri/recordIo.h>
 #include <param/seri/seriObject.h>
+#include <param/shape/mPointF2d.h>
+#include <param/shape/point2dConcept.h>
 
 namespace param {
 
@@ -86,6 +89,18 @@ struct PARAM_API Matrix2d {
   Matrix2d operator*(const Matrix2d& o) const;
   Matrix2d& operator*=(const Matrix2d& o);
 
+  // Where the matrix takes a point: (a*x + c*y + tx, b*x + d*y + ty). The
+  // MPointF2d forms keep each point's flag.
+  Point2d mapXY(double x, double y) const;
+  Point2d mapPoint(const Point2d& p) const;
+  MPointF2d mapPoint(const MPointF2d& p) const;
+  // Maps `count` points of `src` into `dst` (which may be `src` itself).
+  void mapPoints(Point2d dst[], const Point2d src[], std::size_t count) const;
+  void mapPoints(MPointF2d dst[], const MPointF2d src[], std::size_t count) const;
+  // Maps a polyline (PathF2d, PathData or a plain vector) in place.
+  void mapPoints(std::vector<Point2d>& points) const;
+  void mapPoints(std::vector<MPointF2d>& points) const;
+
   double determinant() const;
   static double determinant(Matrix2d m);
   // Whether the determinant differs from 0.0 (exactly).
@@ -109,11 +124,11 @@ struct PARAM_API Matrix2d {
   // min(length, 6) numbers in order; a short array overwrites only a prefix and
   // the first unreadable entry ends the load with its code (entries before it
   // stay read). A missing key leaves the matrix untouched.
-  SdkError save(SeriObject& obj, const char* key) const;
-  SdkError load(const SeriObject& obj, const char* key);
+  [[nodiscard]] SdkError save(SeriObject& obj, const char* key) const;
+  [[nodiscard]] SdkError load(const SeriObject& obj, const char* key);
   // The same on the array itself: toArray appends the six elements to `out`.
-  SdkError toArray(SeriArray& out) const;
-  SdkError fromArray(const SeriArray& arr);
+  [[nodiscard]] SdkError toArray(SeriArray& out) const;
+  [[nodiscard]] SdkError fromArray(const SeriArray& arr);
 
  private:
   double m_[6] = {1.0, 0.0, 0.0, 1.0, 0.0, 0.0};

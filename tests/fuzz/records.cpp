@@ -142,7 +142,7 @@ const Runner kRecords[] = {
     },
     segment,
     // The colour table only validates what it loads.
-    [](const SeriObject& in) { param::ColorMgr().load(in); },
+    [](const SeriObject& in) { (void)param::ColorMgr().load(in); },
 };
 
 }  // namespace

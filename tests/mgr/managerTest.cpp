@@ -129,7 +129,7 @@ TEST_F(Managers, BrokenDefaultFilesAreLoggedAndLeaveBuiltInValues) {
     EXPECT_EQ(param::load({file}), 0u);
     FillLayerParam layer;
     layer.fillType = 7;
-    DefaultParamMgr::storeDefault("struct FillLayerParam", layer);
+    EXPECT_EQ(DefaultParamMgr::storeDefault("struct FillLayerParam", layer), 0u);
     param::unload();
     return readFile(file);
   }();
@@ -174,7 +174,7 @@ TEST_F(Managers, BrokenDefaultFilesAreLoggedAndLeaveBuiltInValues) {
   SeriDocument doc(utils::JsonSave::instance, "");
   const std::string text = R"({"struct FillLayerParam":[1,2],)"
                            R"("struct RectArrayParam":{"flags":3,"rowCount":"x"}})";
-  doc.parser(text.data(), text.size());
+  ASSERT_EQ(doc.parser(text.data(), text.size()), 0u);
   ASSERT_EQ(doc.writeToFile(dir / "shape.cfg", SeriOption()), 0u);
   ASSERT_EQ(param::load({dir / "shape.cfg"}), 0u);
   EXPECT_EQ(FillLayerParam().fillType, 4);
@@ -214,7 +214,7 @@ TEST_F(Managers, ColourTable) {
   // Loading validates the form and keeps the live table.
   const std::string nine = R"({"mode":9,"color":{"1":[1,2,3,4]}})";
   SeriObject obj(utils::JsonLoad::instance);
-  obj.parser(nine.data(), nine.size());
+  ASSERT_EQ(obj.parser(nine.data(), nine.size()), 0u);
   {
     LogCapture log;
     EXPECT_EQ(colors.load(obj), errc::badFormat);
@@ -225,7 +225,7 @@ TEST_F(Managers, ColourTable) {
   const std::string noMode =
       R"({"color":{"1":[9,9,9,9],"x":"bad","2":[1,"y"],"99999999999":[1],"-2147483649":[1],)"
       R"("12a":[1]," 5":[1],"+5":[1],"":[1],"2147483647":[1],"-2147483648":[1],"3":{}}})";
-  obj.parser(noMode.data(), noMode.size());
+  ASSERT_EQ(obj.parser(noMode.data(), noMode.size()), 0u);
   {
     LogCapture log;
     EXPECT_EQ(colors.load(obj), 0u);

@@ -172,6 +172,35 @@ TEST(Document, ParsedContentStaysWhenTheInformationBlockIsMissing) {
   EXPECT_TRUE(doc.contains("a"));
 }
 
+TEST(Document, BytesInMemoryReadAsTheirFile) {
+  TempDir dir;
+  const PenArray pens(3);
+  for (SeriOption option : {SeriOption(SeriOption::Base64), SeriOption(SeriOption::Xor, 0, 3),
+                            SeriOption(SeriOption::Lzma), SeriOption(SeriOption::Aes, 2, 1)}) {
+    SCOPED_TRACE(option.word);
+    const fs::path file = dir / "pens.cfg";
+    ASSERT_EQ(documentWith(pens).writeToFile(file, option), 0u);
+    SeriDocument fromFile(JsonLoad::instance), fromMemory(JsonLoad::instance);
+    ASSERT_EQ(fromFile.readFromFile(file), 0u);
+    const std::string bytes = readFile(file);
+    ASSERT_EQ(fromMemory.readFromMemory(bytes.data(), bytes.size()), 0u);
+    EXPECT_EQ(fromMemory.stringfy(), fromFile.stringfy());
+    EXPECT_EQ(fromMemory.info()->extension, ".cfg");
+    std::string text;
+    ASSERT_EQ(SeriDocument::decodeFromMemory(bytes.data(), bytes.size(), text), 0u);
+    EXPECT_EQ(text, fromFile.stringfy());
+  }
+  SeriDocument doc(JsonLoad::instance);
+  std::string text;
+  EXPECT_EQ(doc.readFromMemory("1234567", 7), uerr::fileTooShort);
+  EXPECT_EQ(SeriDocument::decodeFromMemory(nullptr, 0, text), uerr::fileTooShort);
+  const std::string unknown = header(7) + "eyJhIjoxfQ==";
+  EXPECT_EQ(doc.readFromMemory(unknown.data(), unknown.size()), errc::badFormat);
+  const std::string noInfo = header(0) + "eyJhIjoxfQ==";  // {"a":1}
+  EXPECT_EQ(doc.readFromMemory(noInfo.data(), noInfo.size()), uerr::keyMissing);
+  EXPECT_TRUE(doc.contains("a"));
+}
+
 TEST(Document, MalformedFilesGiveTheirOwnCodesAndLogLines) {
   TempDir dir;
   LogCapture log;

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -6,6 +7,7 @@
 
 #include <param/seri/recordIo.h>
 #include <param/shape/matrix2d.h>
+#include <param/shape/pathConcept.h>
 
 #include "support/testSupport.h"
 
@@ -76,6 +78,40 @@ TEST(Matrix2d, IdentityAndFactories) {
   expectElements(M::makeScale(2, 3, 1, 1), {2, 0, 0, 3, -1, -2});          // about (1, 1)
   expectElements(M::makeShear(45, 0, 0, 2), {1, 0, 1, 1, -2, 0});          // x -> x + y - 2
   expectElements(M::makeShear(0, 45, 0, 0), {1, 1, 0, 1, 0, 0});           // y -> y + x
+}
+
+TEST(Matrix2d, MapsPointsAndPolylines) {
+  // kBase takes (x, y) to (x + 3y + 5, 2x + 4y + 6).
+  EXPECT_EQ(kBase.mapXY(1, -1), (param::Point2d{3, 4}));
+  EXPECT_EQ(kBase.mapPoint(param::Point2d{0, 0}), (param::Point2d{5, 6}));
+  EXPECT_EQ(kBase.mapPoint(param::MPointF2d{2, 1, 7}), (param::MPointF2d{10, 14, 7}));
+  const M mirror = M::makeMirror(true, false, 0, 5);
+  EXPECT_EQ(mirror.mapXY(2, 3), (param::Point2d{2, 7}));
+  // A product maps as its factors one after the other.
+  const M turn = M::makeRotate(90, 0, 0);
+  const param::Point2d p{1.5, -2};
+  const param::Point2d viaBoth = (kBase * turn).mapPoint(p);
+  const param::Point2d stepwise = turn.mapPoint(kBase.mapPoint(p));
+  EXPECT_NEAR(viaBoth.x, stepwise.x, 1e-12);
+  EXPECT_NEAR(viaBoth.y, stepwise.y, 1e-12);
+
+  // Polylines in place (kind and flags kept) and from one array into another.
+  param::PathData path = {{0, 0, 1}, {1, 0, 2}};
+  path.type = 4;
+  kBase.mapPoints(path);
+  const std::vector<param::MPointF2d> mapped = {{5, 6, 1}, {6, 8, 2}};
+  EXPECT_EQ(static_cast<const std::vector<param::MPointF2d>&>(path), mapped);
+  EXPECT_EQ(path.type, 4);
+  param::PathF2d line = {{0, 1}, {1, 1}};
+  kBase.mapPoints(line);
+  EXPECT_EQ(line, (param::PathF2d{{8, 10}, {9, 12}}));
+  const param::Point2d src[2] = {{0, 0}, {0, 1}};
+  param::Point2d dst[2];
+  kBase.mapPoints(dst, src, 2);
+  EXPECT_EQ(dst[1], (param::Point2d{8, 10}));
+  std::vector<param::Point2d> none;
+  kBase.mapPoints(none);
+  EXPECT_TRUE(none.empty());
 }
 
 TEST(Matrix2d, ComparisonAndDeterminant) {

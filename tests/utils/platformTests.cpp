@@ -49,6 +49,9 @@ TEST(Color, EveryModelAgainstHandComputedValues) {
   for (const auto& c : cases)
     EXPECT_EQ(Color(c.model, c.in.data(), c.in.size()).rgbaValue(), c.rgba) << int(c.model);
   EXPECT_EQ(Color(Color::RGB, nullptr, 3).rgbaValue(), (Rgba{0, 0, 0, 255}));
+  // Plain integers pick the RGBA constructor, a literal 0 included.
+  static_assert(Color(255, 0, 0).rgbaValue() == Rgba{255, 0, 0, 255});
+  EXPECT_EQ(Color(300, -4, 7, 0).rgbaValue(), (Rgba{255, 0, 7, 0}));
   const std::size_t counts[] = {0, 1, 3, 4, 3, 4, 4, 4, 0};
   for (std::uint8_t model = 0; model < 9; ++model)
     EXPECT_EQ(Color::componentCount(model), counts[model]);

@@ -26,16 +26,18 @@ namespace aes {
 inline constexpr std::size_t keyLength = 16;
 
 // errc::aesBadInput for a key that is not 16 bytes or an unknown algorithm.
-UTILS_API SdkError encrypt(AESAlgorithm algorithm, const void* bytes, std::size_t count,
-                           const std::uint8_t* key, std::size_t keyLength, std::string& out);
+[[nodiscard]] UTILS_API SdkError encrypt(AESAlgorithm algorithm, const void* bytes,
+                                         std::size_t count, const std::uint8_t* key,
+                                         std::size_t keyLength, std::string& out);
 
 // errc::aesAuthFailed when a GCM tag does not match, errc::aesBadPadding for bad
 // CBC padding, errc::aesBadInput for a payload too short for its IV or tag (or a
 // CBC ciphertext that is not a positive multiple of 16 bytes), and
 // errc::payloadTooLarge beyond the decode limit. On any error `out` is empty:
 // no unauthenticated plaintext is handed out.
-UTILS_API SdkError decrypt(AESAlgorithm algorithm, const void* bytes, std::size_t count,
-                           const std::uint8_t* key, std::size_t keyLength, std::string& out);
+[[nodiscard]] UTILS_API SdkError decrypt(AESAlgorithm algorithm, const void* bytes,
+                                         std::size_t count, const std::uint8_t* key,
+                                         std::size_t keyLength, std::string& out);
 
 }  // namespace aes
 }  // namespace utils::algorithm

@@ -18,6 +18,6 @@ UTILS_API void encodeTo(const void* bytes, std::size_t count, char* out);
 // multiple of 4 or misplaced padding gives errc::badBase64. As with `base64 -d`,
 // the unused low bits of a padded last quad are not checked. On any error `out`
 // is empty.
-UTILS_API SdkError decode(const void* text, std::size_t count, std::string& out);
+[[nodiscard]] UTILS_API SdkError decode(const void* text, std::size_t count, std::string& out);
 
 }  // namespace utils::algorithm::base64

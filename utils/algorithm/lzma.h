@@ -18,12 +18,12 @@ inline constexpr std::uint32_t defaultPreset = 0;
 
 // errc::codecFailure for a preset liblzma does not know (0-9, optionally with
 // LZMA_PRESET_EXTREME).
-UTILS_API SdkError compress(const void* bytes, std::size_t count, std::string& out,
-                            std::uint32_t preset = defaultPreset);
+[[nodiscard]] UTILS_API SdkError compress(const void* bytes, std::size_t count, std::string& out,
+                                          std::uint32_t preset = defaultPreset);
 
 // Exactly one stream: an empty, corrupt or truncated stream, or bytes after its
 // end, give errc::corruptLzma; output beyond the decode limit, or a header that
 // asks the decoder for more than 128 MiB of memory, errc::payloadTooLarge.
-UTILS_API SdkError decompress(const void* bytes, std::size_t count, std::string& out);
+[[nodiscard]] UTILS_API SdkError decompress(const void* bytes, std::size_t count, std::string& out);
 
 }  // namespace utils::algorithm::lzma

@@ -51,10 +51,10 @@ struct PARAM_API ArcSegment : SegmentBase {
   // Reads "paramType", then the keys of that type in the order of the table
   // above ("type" is not read). An unknown paramType returns
   // errc::badArcParamType and changes nothing.
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "paramType", then the keys of that type; an unknown
   // paramType stops after "paramType" with errc::badArcParamType.
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   // Compares all three stored values, whatever the paramType.
   bool operator==(const ArcSegment& o) const {

@@ -63,10 +63,10 @@ struct PARAM_API BezierSegment : SegmentBase {
   // empty segment (a new one) that is errc::badFormat as well.
   // Each entry's first two numbers are x and y; unreadable entries and
   // coordinates go through the error-response step and keep their values.
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "degree", "points". A degree of 0 or above 3, which loading
   // would refuse, returns errc::badFormat after "type".
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   // Compares the kind, the degree and the meaningful points only.
   bool operator==(const BezierSegment& other) const;

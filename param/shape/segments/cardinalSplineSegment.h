@@ -26,9 +26,9 @@ struct PARAM_API CardinalSplineSegment : SegmentBase {
 
   // Reads "tension", then "knots" all or nothing: the list is replaced only
   // when every entry has a numeric "x" and "y".
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "tension", "knots".
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   bool operator==(const CardinalSplineSegment& o) const {
     return type == o.type && tension == o.tension && knots == o.knots && flag == o.flag;

@@ -21,9 +21,9 @@ struct PARAM_API LineSegment : SegmentBase {
   ~LineSegment() override;
 
   // Reads "start" and "end"; the kind is fixed by the class ("type" is not read).
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "start", "end".
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   bool operator==(const LineSegment& o) const {
     return type == o.type && start == o.start && end == o.end;

@@ -28,9 +28,9 @@ struct PARAM_API NURBSSegment : SegmentBase {
   ~NURBSSegment() override;
 
   // Reads "degree", then "controlPoints" and "knots", each list all or nothing.
-  SdkError load(const SeriObject& obj) override;
+  [[nodiscard]] SdkError load(const SeriObject& obj) override;
   // Writes "type", "degree", "controlPoints", "knots".
-  SdkError save(SeriObject& obj) const override;
+  [[nodiscard]] SdkError save(SeriObject& obj) const override;
 
   bool operator==(const NURBSSegment& o) const {
     return type == o.type && degree == o.degree && controlPoints == o.controlPoints &&

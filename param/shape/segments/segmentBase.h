@@ -34,9 +34,9 @@ struct PARAM_API SegmentBase {
   SegmentBase& operator=(SegmentBase&&) = default;
 
   // Reads "type" into the kind (no error-response step).
-  virtual SdkError load(const SeriObject& obj);
+  [[nodiscard]] virtual SdkError load(const SeriObject& obj);
   // Writes the kind under "type" (no error-response step).
-  virtual SdkError save(SeriObject& obj) const;
+  [[nodiscard]] virtual SdkError save(SeriObject& obj) const;
   virtual ~SegmentBase();
 
   // A default segment of the kind: a line with zero points, a three-point arc,

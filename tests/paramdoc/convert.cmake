@@ -1,0 +1,21 @@
+# convert: the same document in another encoding, content and block kept.
+include(${CMAKE_CURRENT_LIST_DIR}/support.cmake)
+
+paramdoc(0 show --indent 0 ${DEMO}/demo-aes-gcm.cfg)
+set(original "${out}")
+paramdoc(0 convert ${DEMO}/demo-aes-gcm.cfg ${DIR}/b64.cfg --encoding base64)
+paramdoc(0 info ${DIR}/b64.cfg)
+expect("${out}" "encoding +base64\n" "the new encoding")
+paramdoc(0 convert - - --aes ctr INPUT ${DIR}/b64.cfg OUTPUT ${DIR}/ctr.cfg)
+paramdoc(0 info ${DIR}/ctr.cfg)
+expect("${out}" "encoding +aes \\(ctr\\), key 0\n" "--aes alone")
+paramdoc(0 show --indent 0 ${DIR}/ctr.cfg)
+if(NOT out STREQUAL original)
+  message(FATAL_ERROR "convert changed the document:\n${original}\n${out}")
+endif()
+
+paramdoc(2 convert ${DIR}/b64.cfg ${DIR}/x.cfg --encoding base64 --key 2)
+paramdoc(1 convert ${DIR}/short.cfg ${DIR}/x.cfg)
+paramdoc(0 convert ${DIR}/noinfo.cfg ${DIR}/withinfo.cfg)
+expect("${err}" "warning: .*no information block" "a document without information block")
+paramdoc(0 check ${DIR}/withinfo.cfg)
