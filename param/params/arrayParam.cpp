@@ -9,29 +9,29 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<RectArrayParam> auto& r) {
-  io("flags", r.flags.value);
-  io("rowCount", r.rowCount);
-  io("colCount", r.colCount);
-  io("rowDistIncrease", r.rowDistIncrease);
-  io("colDistIncrease", r.colDistIncrease);
+  io("flags", r.flags.value, "five layout switches in bits 0 to 4");
+  io("rowCount", r.rowCount, "number of rows");
+  io("colCount", r.colCount, "number of columns");
+  io("rowDistIncrease", r.rowDistIncrease, "distance from one row to the next");
+  io("colDistIncrease", r.colDistIncrease, "distance from one column to the next");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<CircularArrayParam> auto& r) {
-  io("count", r.count);
-  io("radius", r.radius);
-  io("clockwise", r.clockwise);
-  io("startAngle", r.startAngle);
-  io("angleIncrease", r.angleIncrease);
+  io("count", r.count, "number of copies");
+  io("radius", r.radius, "radius of the circle");
+  io("clockwise", r.clockwise, "the copies run clockwise");
+  io("startAngle", r.startAngle, "angle of the first copy");
+  io("angleIncrease", r.angleIncrease, "angle from one copy to the next");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<ArrayParam> auto& r) {
-  io("enabled", r.enabled);
-  io("type", r.type);
-  io("disableSeriChange", r.disableSeriChange);
-  io("rect", r.rect);
-  io("circular", r.circular);
+  io("enabled", r.enabled, "the object is repeated as an array of copies");
+  io("type", r.type, "layout: 0 rectangular, 1 circular");
+  io("disableSeriChange", r.disableSeriChange, "no serial data change across the copies");
+  io("rect", r.rect, "the rectangular layout");
+  io("circular", r.circular, "the circular layout");
   return io.result();
 }
 }  // namespace

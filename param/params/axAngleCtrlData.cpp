@@ -5,12 +5,12 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<AxAngleCtrlData> auto& r) {
-  io("axisId", r.axisId);
-  io("mainDir", r.mainDir);
-  io("rotType", r.rotType);
-  io("circleCount", r.circleCount);
-  io("angleGap", r.angleGap);
-  io("bToZero", r.bToZero);
+  io("axisId", r.axisId, "number of the extension axis used");
+  io("mainDir", r.mainDir, "main direction (number)");
+  io("rotType", r.rotType, "rotation type (number)");
+  io("circleCount", r.circleCount, "number of circles");
+  io("angleGap", r.angleGap, "angle between two steps");
+  io("bToZero", r.bToZero, "return the axis to zero");
   return io.result();
 }
 }  // namespace

@@ -6,16 +6,16 @@ namespace param {
 namespace {
 
 SdkError keys(auto&& io, RecordOf<AxDivCtrlData> auto& r) {
-  io("axisId", r.axisId);
-  io("mainDir", r.mainDir);
-  io("stepLen", r.stepLen);
-  io("diameter", r.diameter);
-  io("bDivMark", r.bDivMark);
-  io.strictList("vDivStep", r.vDivStep);
-  io("bToZero", r.bToZero);
-  io("bRedMarkToZero", r.bRedMarkToZero);
-  io("dislocCompensate", r.dislocCompensate);
-  io("blockGapCompensate", r.blockGapCompensate);
+  io("axisId", r.axisId, "number of the extension axis used");
+  io("mainDir", r.mainDir, "main direction (number)");
+  io("stepLen", r.stepLen, "length of one division step");
+  io("diameter", r.diameter, "diameter of the workpiece on the rotary axis");
+  io("bDivMark", r.bDivMark, "division marking on");
+  io.strictList("vDivStep", r.vDivStep, "the division steps, one number each");
+  io("bToZero", r.bToZero, "return the axis to zero");
+  io("bRedMarkToZero", r.bRedMarkToZero, "return the axis to zero when marking with the red light");
+  io("dislocCompensate", r.dislocCompensate, "dislocation compensation");
+  io("blockGapCompensate", r.blockGapCompensate, "compensation of the gap between blocks");
   return io.result();
 }
 }  // namespace

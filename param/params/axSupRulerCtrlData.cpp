@@ -5,14 +5,14 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<AxSupRulerCtrlData> auto& r) {
-  io("rType", r.rType);
-  io("axisId", r.axisId);
-  io("mainDir", r.mainDir);
-  io("tickCount", r.tickCount);
-  io("minSpace", r.minSpace);
-  io("diameter", r.diameter);
-  io("bToZero", r.bToZero);
-  io("bRedMarkToZero", r.bRedMarkToZero);
+  io("rType", r.rType, "ruler type (number); it has no default");
+  io("axisId", r.axisId, "number of the extension axis used");
+  io("mainDir", r.mainDir, "main direction (number)");
+  io("tickCount", r.tickCount, "number of ticks");
+  io("minSpace", r.minSpace, "smallest spacing of the ticks");
+  io("diameter", r.diameter, "diameter of the workpiece on the rotary axis");
+  io("bToZero", r.bToZero, "return the axis to zero");
+  io("bRedMarkToZero", r.bRedMarkToZero, "return the axis to zero when marking with the red light");
   return io.result();
 }
 }  // namespace

@@ -5,10 +5,10 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<AxisRunData> auto& r) {
-  io("startSpeed", r.startSpeed);
-  io("runSpeed", r.runSpeed);
-  io("accSpeed", r.accSpeed);
-  io("bPreciseZero", r.bPreciseZero);
+  io("startSpeed", r.startSpeed, "start speed of a run");
+  io("runSpeed", r.runSpeed, "running speed");
+  io("accSpeed", r.accSpeed, "acceleration");
+  io("bPreciseZero", r.bPreciseZero, "home with the precise pass");
   return io.result();
 }
 }  // namespace

@@ -31,14 +31,15 @@ template <class Time>
 ResetTimeField(Time&) -> ResetTimeField<Time>;
 
 SdkError keys(auto&& io, RecordOf<DataRecordParam> auto& r) {
-  io("writeToFile", r.writeToFile);
-  io("enableDupCheck", r.enableDupCheck);
-  io("writeTimeToFile", r.writeTimeToFile);
-  io("writeAfterMark", r.writeAfterMark);
-  io("overwrite", r.overwrite);
-  io("timedReset", r.timedReset);
-  io("resetTime", ResetTimeField{r.resetTime});
-  io("filePath", r.filePath);
+  io("writeToFile", r.writeToFile, "write the marked data to a file");
+  io("enableDupCheck", r.enableDupCheck, "check the data for duplicates");
+  io("writeTimeToFile", r.writeTimeToFile, "write a time stamp");
+  io("writeAfterMark", r.writeAfterMark, "write the record after marking");
+  io("overwrite", r.overwrite, "overwrite the file");
+  io("timedReset", r.timedReset, "reset the record at a time of day");
+  io("resetTime", ResetTimeField{r.resetTime},
+     "time of day of the reset; loading keeps the current one");
+  io("filePath", r.filePath, "path of the record file");
   return io.result();
 }
 }  // namespace

@@ -5,8 +5,8 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<ExtAxisPar> auto& r) {
-  io("setting", r.setting);
-  io("runData", r.runData);
+  io("setting", r.setting, "the axis's mechanics, speed limits, homing and limit switches");
+  io("runData", r.runData, "the motion profile used when the axis runs");
   return io.result();
 }
 }  // namespace

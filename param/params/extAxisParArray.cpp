@@ -15,6 +15,6 @@ ExtAxisParArray::ExtAxisParArray(const ExtAxisPar& axis) {
   push_back(axis);
 }
 
-PARAM_RECORD_ARRAY_TYPE(ExtAxisParArray)
+PARAM_RECORD_ARRAY_TYPE(ExtAxisParArray, "the extension axes, one object per axis")
 
 }  // namespace param

@@ -9,21 +9,23 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<FillLayerParam> auto& r) {
-  io("enabled", r.enabled);
-  io("fillType", r.fillType);
-  io("penID", r.penID);
-  io("enableOutline", r.enableOutline);
-  io("caclAsOne", r.caclAsOne);
-  io("enableFillEvenly", r.enableFillEvenly);
-  io("enableCrossFill", r.enableCrossFill);
-  io("fillAngle", r.fillAngle);
-  io("fillSpace", r.fillSpace);
-  io("rayStartAngle", r.rayStartAngle);
-  io("rayLineCount", r.rayLineCount);
-  io("startOffset", r.startOffset);
-  io("endOffset", r.endOffset);
-  io("outlineOffset", r.outlineOffset);
-  io("clipType", r.clipType);
+  io("enabled", r.enabled, "the fill layer is in use");
+  io("fillType", r.fillType,
+     "pattern: 0 none, 1-4 lines by angle and spacing, 5 spacing only, 6-8 rays");
+  io("penID", r.penID, "pen number the layer is marked with");
+  io("enableOutline", r.enableOutline, "mark the outline");
+  io("caclAsOne", r.caclAsOne, "calculate the fill of all shapes as one");
+  io("enableFillEvenly", r.enableFillEvenly, "spread the fill lines evenly");
+  io("enableCrossFill", r.enableCrossFill, "cross fill on");
+  io("fillAngle", r.fillAngle, "angle of the fill lines");
+  io("fillSpace", r.fillSpace, "spacing of the fill lines");
+  io("rayStartAngle", r.rayStartAngle, "angle of the first ray (patterns 6-8)");
+  io("rayLineCount", r.rayLineCount, "number of rays (patterns 6-8)");
+  io("startOffset", r.startOffset, "offset at the start of the fill lines, unless filled evenly");
+  io("endOffset", r.endOffset, "offset at the end of the fill lines, unless filled evenly");
+  io("outlineOffset", r.outlineOffset,
+     "offset of the fill from the outline; below 0 it reaches beyond it");
+  io("clipType", r.clipType, "how the fill is clipped (number)");
   return io.result();
 }
 

@@ -34,10 +34,10 @@ template <class Layers>
 LayerArray(Layers&) -> LayerArray<Layers>;
 
 SdkError keys(auto&& io, RecordOf<FillParam> auto& r) {
-  io("layer", LayerArray{r.layers});
-  io("enableEdge", r.enableEdge);
-  io("edgeFirst", r.edgeFirst);
-  io("simplify", r.simplify);
+  io("layer", LayerArray{r.layers}, "the three fill layers");
+  io("enableEdge", r.enableEdge, "mark the shape's edge");
+  io("edgeFirst", r.edgeFirst, "mark the edge before the fill");
+  io("simplify", r.simplify, "simplify the edge");
   return io.result();
 }
 }  // namespace

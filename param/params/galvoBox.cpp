@@ -5,14 +5,14 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<GalvoBox> auto& r) {
-  io("bucketX", r.bucketX);
-  io("bucketY", r.bucketY);
-  io("prrlX", r.prrlX);
-  io("prrlY", r.prrlY);
-  io("trapeX", r.trapeX);
-  io("trapeY", r.trapeY);
-  io("scaleX", r.scaleX);
-  io("scaleY", r.scaleY);
+  io("bucketX", r.bucketX, "barrel/pincushion correction factor, X");
+  io("bucketY", r.bucketY, "barrel/pincushion correction factor, Y");
+  io("prrlX", r.prrlX, "parallelogram correction factor, X");
+  io("prrlY", r.prrlY, "parallelogram correction factor, Y");
+  io("trapeX", r.trapeX, "trapezoid correction factor, X");
+  io("trapeY", r.trapeY, "trapezoid correction factor, Y");
+  io("scaleX", r.scaleX, "scale, X");
+  io("scaleY", r.scaleY, "scale, Y");
   return io.result();
 }
 }  // namespace

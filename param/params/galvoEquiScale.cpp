@@ -5,14 +5,14 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<GalvoEquiScale> auto& r) {
-  io("bEquiScaleCor", r.bEquiScaleCor);
-  io("equiCorNum", r.equiCorNum);
-  io("setValX", r.setValX);
-  io("actualValX", r.actualValX);
-  io("setValY", r.setValY);
-  io("actualValY", r.actualValY);
-  io("fsrX", r.fsrX);
-  io("fsrY", r.fsrY);
+  io("bEquiScaleCor", r.bEquiScaleCor, "equidistant scale correction on");
+  io("equiCorNum", r.equiCorNum, "count of correction points");
+  io("setValX", r.setValX, "commanded positions, X");
+  io("actualValX", r.actualValX, "measured positions for those commands, X");
+  io("setValY", r.setValY, "commanded positions, Y");
+  io("actualValY", r.actualValY, "measured positions for those commands, Y");
+  io("fsrX", r.fsrX, "per-point values named fsr, X");
+  io("fsrY", r.fsrY, "per-point values named fsr, Y");
   return io.result();
 }
 }  // namespace

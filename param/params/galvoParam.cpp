@@ -5,20 +5,20 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<GalvoParam> auto& r) {
-  io("galvoSize", r.galvoSize);
-  io("workSize", r.workSize);
-  io("nResolution", r.nResolution);
-  io("offset", r.offset);
-  io("rotateAngle", r.rotateAngle);
-  io("rotateCenter", r.rotateCenter);
-  io("bXYFlip", r.bXYFlip);
-  io("bXInvert", r.bXInvert);
-  io("bYInvert", r.bYInvert);
-  io("boxCorPar", r.boxCorPar);
-  io("equiCorPar", r.equiCorPar);
-  io("bUseCorFile", r.bUseCorFile);
-  io("szCorFile", r.szCorFile);
-  io("corType", r.corType);
+  io("galvoSize", r.galvoSize, "side of the optical scan field, millimetres");
+  io("workSize", r.workSize, "usable work area, millimetres");
+  io("nResolution", r.nResolution, "full-scale scanner command value across the scan field");
+  io("offset", r.offset, "shift of the work field, millimetres");
+  io("rotateAngle", r.rotateAngle, "rotation of the work field, degrees");
+  io("rotateCenter", r.rotateCenter, "centre of the work field's rotation");
+  io("bXYFlip", r.bXYFlip, "exchange the X and Y axes");
+  io("bXInvert", r.bXInvert, "mirror X");
+  io("bYInvert", r.bYInvert, "mirror Y");
+  io("boxCorPar", r.boxCorPar, "distortion correction: barrel, parallelogram, trapezoid and scale");
+  io("equiCorPar", r.equiCorPar, "scale correction tables of commanded and measured positions");
+  io("bUseCorFile", r.bUseCorFile, "use the correction file named by szCorFile");
+  io("szCorFile", r.szCorFile, "path of the correction file");
+  io("corType", r.corType, "kind of correction file");
   return io.result();
 }
 }  // namespace

@@ -6,96 +6,98 @@ namespace param {
 namespace {
 
 SdkError keys(auto&& io, RecordOf<LaserParamCO2> auto& r) {
-  io("pwmEnable", r.pwmEnable);
-  io("preionEnable", r.preionEnable);
-  io("preionPw", r.preionPw);
-  io("preionFreq", r.preionFreq);
-  io("fpsEnable", r.fpsEnable);
-  io("fpsStartPower", r.fpsStartPower);
-  io("fpsPowerStep", r.fpsPowerStep);
-  io("powerMap", r.powerMap);
-  io("daEnable", r.daEnable);
-  io("daPowerMap", r.daPowerMap);
-  io("leakType", r.leakType);
-  io("moOnTime", r.moOnTime);
-  io("moOffTime", r.moOffTime);
+  io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
+  io("preionEnable", r.preionEnable, "pre-ionisation (tickle) pulse on");
+  io("preionPw", r.preionPw, "pulse width of the pre-ionisation pulse");
+  io("preionFreq", r.preionFreq, "frequency of the pre-ionisation pulse");
+  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
+  io("fpsStartPower", r.fpsStartPower, "start power of the first-pulse suppression ramp");
+  io("fpsPowerStep", r.fpsPowerStep, "power increase per step of the first-pulse suppression ramp");
+  io("powerMap", r.powerMap, "PWM power output for commands of 0, 10 ... 100 %");
+  io("daEnable", r.daEnable, "drive the analogue (DA) output");
+  io("daPowerMap", r.daPowerMap, "analogue output for commands of 0, 10 ... 100 %");
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamYAG> auto& r) {
-  io("pwmEnable", r.pwmEnable);
-  io("pwmPulseInverse", r.pwmPulseInverse);
-  io("fpsEnable", r.fpsEnable);
-  io("fpsEndOpenPwm", r.fpsEndOpenPwm);
-  io("fpsTime", r.fpsTime);
-  io("daEnable", r.daEnable);
-  io("daCurrentMap", r.daCurrentMap);
-  io("leakType", r.leakType);
-  io("moOnTime", r.moOnTime);
-  io("moOffTime", r.moOffTime);
+  io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
+  io("pwmPulseInverse", r.pwmPulseInverse, "invert the PWM output polarity");
+  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
+  io("fpsEndOpenPwm", r.fpsEndOpenPwm,
+     "switch the PWM output on at the end of first-pulse suppression");
+  io("fpsTime", r.fpsTime, "first-pulse suppression time");
+  io("daEnable", r.daEnable, "drive the analogue (DA) output");
+  io("daCurrentMap", r.daCurrentMap, "analogue current output for commands of 0, 10 ... 100 %");
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamUV> auto& r) {
-  io("pwmEnable", r.pwmEnable);
-  io("pwmPulseInverse", r.pwmPulseInverse);
-  io("powerEnable", r.powerEnable);
-  io("fpsEnable", r.fpsEnable);
-  io("fpsEndOpenPwm", r.fpsEndOpenPwm);
-  io("fpsTime", r.fpsTime);
-  io("daEnable", r.daEnable);
-  io("daCurrentMap", r.daCurrentMap);
-  io("leakType", r.leakType);
-  io("moOnTime", r.moOnTime);
-  io("moOffTime", r.moOffTime);
+  io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
+  io("pwmPulseInverse", r.pwmPulseInverse, "invert the PWM output polarity");
+  io("powerEnable", r.powerEnable, "power output on");
+  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
+  io("fpsEndOpenPwm", r.fpsEndOpenPwm,
+     "switch the PWM output on at the end of first-pulse suppression");
+  io("fpsTime", r.fpsTime, "first-pulse suppression time");
+  io("daEnable", r.daEnable, "drive the analogue (DA) output");
+  io("daCurrentMap", r.daCurrentMap, "analogue current output for commands of 0, 10 ... 100 %");
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamFiber> auto& r) {
-  io("powerMap", r.powerMap);
-  io("leakType", r.leakType);
-  io("moOnTime", r.moOnTime);
-  io("moOffTime", r.moOffTime);
+  io("powerMap", r.powerMap, "PWM power output for commands of 0, 10 ... 100 %");
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamQCW> auto& r) {
-  io("pwmEnable", r.pwmEnable);
-  io("daEnable", r.daEnable);
-  io("daPowerMap", r.daPowerMap);
-  io("daDelay", r.daDelay);
-  io("daLeakType", r.daLeakType);
-  io("pwm2Enable", r.pwm2Enable);
-  io("da2Enable", r.da2Enable);
-  io("da2PowerMap", r.da2PowerMap);
-  io("leakType", r.leakType);
-  io("moOnTime", r.moOnTime);
-  io("moOffTime", r.moOffTime);
+  io("pwmEnable", r.pwmEnable, "drive the first PWM (pulse) output");
+  io("daEnable", r.daEnable, "drive the first analogue (DA) output");
+  io("daPowerMap", r.daPowerMap, "first analogue output for commands of 0, 10 ... 100 %");
+  io("daDelay", r.daDelay, "delay of the analogue output");
+  io("daLeakType", r.daLeakType, "leak-handling mode number of the analogue output");
+  io("pwm2Enable", r.pwm2Enable, "drive the second PWM output");
+  io("da2Enable", r.da2Enable, "drive the second analogue output");
+  io("da2PowerMap", r.da2PowerMap, "second analogue output for commands of 0, 10 ... 100 %");
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamWeldYAG> auto& r) {
-  io("laserEnable", r.laserEnable);
-  io("vWaveSelGpo", r.vWaveSelGpo);
+  io("laserEnable", r.laserEnable, "output that switches the welding laser on");
+  io("vWaveSelGpo", r.vWaveSelGpo, "outputs that select the stored waveform");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserCheckParam> auto& r) {
-  io("bEnable", r.bEnable);
-  io("pinState", r.pinState);
+  io("bEnable", r.bEnable, "check the laser state before marking");
+  io("pinState", r.pinState, "expected state of each of the six laser status pins");
   return io.result();
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParam> auto& r) {
-  io("laserType", r.laserType);
-  io("checkPar", r.checkPar);
-  io("co2Par", r.co2Par);
-  io("yagPar", r.yagPar);
-  io("uvPar", r.uvPar);
-  io("fiberPar", r.fiberPar);
-  io("mopaPar", r.mopaPar);
-  io("qcwPar", r.qcwPar);
-  io("weldYagPar", r.weldYagPar);
+  io("laserType", r.laserType, "kind of laser source in use (number set by the host and board)");
+  io("checkPar", r.checkPar, "the laser state check before marking");
+  io("co2Par", r.co2Par, "settings of a CO2 source");
+  io("yagPar", r.yagPar, "settings of a YAG source");
+  io("uvPar", r.uvPar, "settings of a UV source");
+  io("fiberPar", r.fiberPar, "settings of a fibre source");
+  io("mopaPar", r.mopaPar, "settings of a MOPA source (fibre with adjustable pulse)");
+  io("qcwPar", r.qcwPar, "settings of a QCW (quasi-continuous-wave) source");
+  io("weldYagPar", r.weldYagPar, "settings of a welding YAG source");
   return io.result();
 }
 

@@ -36,13 +36,13 @@ template <class A>
 BareArrayField(A&) -> BareArrayField<A>;
 
 SdkError keys(auto&& io, RecordOf<LmcParam> auto& r) {
-  io("laserParam", r.laserParam);
-  io("galvoParam", r.galvoParam);
-  io("markParam", r.markParam);
-  io("redParam", r.redParam);
-  io("ioParam", r.ioParam);
-  io("axParArray", BareArrayField{r.axParArray});
-  io("flyParam", r.flyParam);
+  io("laserParam", r.laserParam, "the laser source settings");
+  io("galvoParam", r.galvoParam, "the scan head settings");
+  io("markParam", r.markParam, "board-level marking behaviour and connection watchdog");
+  io("redParam", r.redParam, "the red aiming-light preview");
+  io("ioParam", r.ioParam, "the general-purpose outputs that signal marking and the trigger input");
+  io("axParArray", BareArrayField{r.axParArray}, "the extension axes, one object per axis");
+  io("flyParam", r.flyParam, "the on-the-fly marking settings");
   return io.result();
 }
 

@@ -5,16 +5,17 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<MarkCtrlData> auto& r) {
-  io("markType", r.markType);
-  io("bAsyn", r.bAsyn);
-  io("bOnline", r.bOnline);
-  io("markCount", r.markCount);
-  io("bContinuousMark", r.bContinuousMark);
-  io("bSelectMark", r.bSelectMark);
-  io("bRedLightMark", r.bRedLightMark);
-  io("bSimulateMark", r.bSimulateMark);
-  io("bNoLightMode", r.bNoLightMode);
-  io("pointTime", r.pointTime);
+  io("markType", r.markType,
+     "kind of marking job (1 normal; other numbers set by the marking engine)");
+  io("bAsyn", r.bAsyn, "run the job asynchronously");
+  io("bOnline", r.bOnline, "online job");
+  io("markCount", r.markCount, "number of passes to send when not continuous");
+  io("bContinuousMark", r.bContinuousMark, "repeat without end");
+  io("bSelectMark", r.bSelectMark, "mark only the selection");
+  io("bRedLightMark", r.bRedLightMark, "run with the red aiming light instead of the laser");
+  io("bSimulateMark", r.bSimulateMark, "simulation run");
+  io("bNoLightMode", r.bNoLightMode, "run without emitting light");
+  io("pointTime", r.pointTime, "point dwell time");
   return io.result();
 }
 }  // namespace

@@ -5,11 +5,11 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<MRPara> auto& r) {
-  io("fDx", r.fDx);
-  io("fDy", r.fDy);
-  io("fRa", r.fRa);
-  io("fCx", r.fCx);
-  io("fCy", r.fCy);
+  io("fDx", r.fDx, "offset along x");
+  io("fDy", r.fDy, "offset along y");
+  io("fRa", r.fRa, "rotation angle");
+  io("fCx", r.fCx, "x of the rotation centre");
+  io("fCy", r.fCy, "y of the rotation centre");
   return io.result();
 }
 }  // namespace

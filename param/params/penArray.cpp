@@ -11,6 +11,6 @@ PenArray::PenArray(int count) {
     (*this)[static_cast<std::size_t>(i)].penId = i;
 }
 
-PARAM_RECORD_ARRAY_TYPE(PenArray)
+PARAM_RECORD_ARRAY_TYPE(PenArray, "the pens, one object per pen")
 
 }  // namespace param

@@ -5,9 +5,9 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<ProjectCtrlData> auto& r) {
-  io("nProjectType", r.nProjectType);
-  io("diameter", r.diameter);
-  io("fFocus", r.fFocus);
+  io("nProjectType", r.nProjectType, "projection type (number)");
+  io("diameter", r.diameter, "diameter of the workpiece on the rotary axis");
+  io("fFocus", r.fFocus, "focus");
   return io.result();
 }
 }  // namespace

@@ -5,8 +5,8 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<PulsePointParam> auto& r) {
-  io("bEnable", r.bEnable);
-  io("pulsePerPoint", r.pulsePerPoint);
+  io("bEnable", r.bEnable, "mark each point with a set number of pulses");
+  io("pulsePerPoint", r.pulsePerPoint, "number of laser pulses per point");
   return io.result();
 }
 }  // namespace

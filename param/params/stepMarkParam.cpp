@@ -5,9 +5,9 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<StepMarkParam> auto& r) {
-  io("bEnable", r.bEnable);
-  io("stepDelay", r.stepDelay);
-  io("stepLen", r.stepLen);
+  io("bEnable", r.bEnable, "step marking on");
+  io("stepDelay", r.stepDelay, "delay at each step");
+  io("stepLen", r.stepLen, "length of one step");
   return io.result();
 }
 }  // namespace

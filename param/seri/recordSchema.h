@@ -172,8 +172,9 @@ PARAM_API SdkError recordSchema(std::string_view type, SeriObject& schema);
       }});                                                                                 \
   }
 
-// Registers an array of records (a ParamArray), saved as {"params": [...]}.
-#define PARAM_RECORD_ARRAY_TYPE(Array)                                                          \
+// Registers an array of records (a ParamArray), saved as {"params": [...]};
+// `meaning` says in a few words what the elements are.
+#define PARAM_RECORD_ARRAY_TYPE(Array, meaning)                                                 \
   namespace {                                                                                   \
   const ::param::RecordRegistration registration_##Array(::param::RecordType{                   \
       #Array, typeid(Array),                                                                    \
@@ -187,6 +188,7 @@ PARAM_API SdkError recordSchema(std::string_view type, SeriObject& schema);
         ::param::SeriObject params(::utils::JsonSave::instance);                                \
         ::param::describeArray(params,                                                          \
                                &::param::FieldSchema<typename Array::value_type>::describe, 0); \
+        ::param::describeMeaning(params, meaning);                                              \
         properties.setSeriObject("params", std::move(params));                                  \
       }});                                                                                      \
   }

@@ -7,8 +7,8 @@
 namespace param {
 namespace {
 SdkError keys(auto&& io, RecordOf<AnchorPoint> auto& r) {
-  io("type", r.type);
-  io("point", r.point);
+  io("type", r.type, "kind of anchor (4 by default)");
+  io("point", r.point, "position of the anchor");
   return io.result();
 }
 }  // namespace

@@ -60,6 +60,16 @@ TEST_F(RecordSchema, EveryRegisteredTypeDescribesExactlyTheKeysItSaves) {
         EXPECT_EQ(defs.keys().size(), names.size());
         EXPECT_EQ(names.count(ref.substr(std::string("#/$defs/").size())), 1u) << ref;
       }
+      // Every key says what it means, a nested record ("$ref") as much as a
+      // number: a key added without a few words fails here.
+      std::string meaning;
+      EXPECT_EQ(prop.get("description", meaning), 0u) << key;
+      EXPECT_FALSE(meaning.empty()) << key;
+      // A character array's own text on its length is not a meaning; the
+      // meaning comes first.
+      if (prop.contains("maxLength")) {
+        EXPECT_NE(meaning.rfind("at most ", 0), 0u) << key;
+      }
     }
   }
 }

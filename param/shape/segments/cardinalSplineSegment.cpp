@@ -6,8 +6,8 @@ namespace param {
 
 namespace {
 SdkError keys(auto&& io, RecordOf<CardinalSplineSegment> auto& r) {
-  io("tension", r.tension);
-  io("knots", detail::pointListField(r.knots, r.flag));
+  io("tension", r.tension, "tension of the spline");
+  io("knots", detail::pointListField(r.knots, r.flag), "the points the spline passes through");
   return io.result();
 }
 }  // namespace

@@ -4,8 +4,8 @@ namespace param {
 
 namespace {
 SdkError keys(auto&& io, RecordOf<LineSegment> auto& r) {
-  io("start", r.start);
-  io("end", r.end);
+  io("start", r.start, "start point");
+  io("end", r.end, "end point");
   return io.result();
 }
 }  // namespace

@@ -6,9 +6,9 @@ namespace param {
 
 namespace {
 SdkError keys(auto&& io, RecordOf<NURBSSegment> auto& r) {
-  io("degree", r.degree);
-  io("controlPoints", detail::pointListField(r.controlPoints, r.flag));
-  io("knots", r.knots);
+  io("degree", r.degree, "degree of the curve");
+  io("controlPoints", detail::pointListField(r.controlPoints, r.flag), "the control points");
+  io("knots", r.knots, "the knot vector");
   return io.result();
 }
 }  // namespace
