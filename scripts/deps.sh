@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libbenchmark-dev libcli11-dev
   xz-utils openssl coreutils
   g++-mingw-w64-x86-64-posix
+  python3 python3-pytest python3-numpy
   clang libclang-rt-dev
 )
 

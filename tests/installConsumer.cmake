@@ -37,4 +37,19 @@ run(${WORK_DIR}/build/consumer_param_only)
 if(EXISTS ${prefix}/bin/paramdoc)
   run(${prefix}/bin/paramdoc check ${WORK_DIR}/consumer.cfg)
 endif()
+
+# A C host and a Python script against the moved prefix, as a new user would:
+# the C program built with the system's C compiler, the package found through
+# PYTHONPATH alone (no LASERPARAM_LIBRARY), the library through its run path.
+find_program(CC NAMES cc gcc)
+if(CC)
+  run(${CC} -std=c11 -o ${WORK_DIR}/capi_test ${SOURCE_DIR}/tests/c/capiTest.c
+      -I${prefix}/include -L${prefix}/lib -lparam_c -lm -Wl,-rpath,${prefix}/lib)
+  file(MAKE_DIRECTORY ${WORK_DIR}/capi)
+  run(${WORK_DIR}/capi_test ${WORK_DIR}/capi)
+endif()
+if(EXISTS /usr/bin/python3 AND EXISTS ${prefix}/lib/python3/dist-packages/laserparam)
+  run(${CMAKE_COMMAND} -E env PYTHONPATH=${prefix}/lib/python3/dist-packages
+      /usr/bin/python3 -m pytest -q -p no:cacheprovider ${SOURCE_DIR}/tests/python)
+endif()
 message(STATUS "consumers built and ran against ${prefix}")
