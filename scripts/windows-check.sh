@@ -31,14 +31,19 @@ done
 version=$(sed -n 's/^project(param VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 IFS=. read -r major minor patch tweak <<<"$version"
 flags=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Werror -Wno-restrict -I. -I"$inc"
-       -DUTILS_BUILDING -DPARAM_BUILDING
+       -Ibindings/c
        -DUTILS_VERSION_MAJOR="$major" -DUTILS_VERSION_MINOR="$minor"
        -DUTILS_VERSION_PATCH="$patch" -DUTILS_VERSION_TWEAK="${tweak:-0}")
 
-sources=$(find utils param -name '*.cpp' | sort)
-count=$(echo "$sources" | wc -l)
+# The libraries as they are built (exporting), the C interface as a user of
+# their DLLs (importing), which is how their export macros must work.
+lib_sources=$(find utils param -name '*.cpp' | sort)
+c_sources=$(find bindings/c -name '*.cpp' | sort)
+count=$(echo "$lib_sources $c_sources" | wc -w)
 echo "== windows compile check: $count sources with $(basename "$cxx") =="
-if ! echo "$sources" | xargs -P "$(nproc 2>/dev/null || echo 2)" -n 4 "$cxx" "${flags[@]}"; then
+jobs=$(nproc 2>/dev/null || echo 2)
+if ! echo "$lib_sources" | xargs -P "$jobs" -n 4 "$cxx" "${flags[@]}" -DUTILS_BUILDING -DPARAM_BUILDING ||
+   ! echo "$c_sources" | xargs -P "$jobs" -n 4 "$cxx" "${flags[@]}" -DPARAM_C_BUILDING; then
   echo "windows compile check failed" >&2
   exit 1
 fi

@@ -52,10 +52,11 @@ void reportSkippedKey(SdkError code, std::string found, std::string kept) {
       .write(shown(found))
       .write("; kept ")
       .write(shown(kept));
-  if (t_innermost != nullptr) {
-    t_innermost->entries_.push_back(
-        SkippedKey{std::move(where), code, std::move(found), std::move(kept)});
-  }
+  LoadReport::deliver(SkippedKey{std::move(where), code, std::move(found), std::move(kept)});
+}
+
+void LoadReport::deliver(SkippedKey&& entry) {
+  if (t_innermost != nullptr) t_innermost->entries_.push_back(std::move(entry));
 }
 
 }  // namespace param

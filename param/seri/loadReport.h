@@ -61,9 +61,11 @@ class PARAM_API LoadReport {
   std::size_t size() const { return entries_.size(); }
   void clear() { entries_.clear(); }
 
- private:
-  friend void reportSkippedKey(SdkError code, std::string found, std::string kept);
+  // Hands `entry` to this thread's innermost collector, if any: what
+  // reportSkippedKey does after logging. Hosts have no need to call it.
+  static void deliver(SkippedKey&& entry);
 
+ private:
   LoadReport* outer_;
   std::vector<SkippedKey> entries_;
 };
