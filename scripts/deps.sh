@@ -8,6 +8,8 @@ packages=(
   libboost-json1.81-dev liblzma-dev libssl-dev
   libgtest-dev libbenchmark-dev libcli11-dev
   xz-utils openssl coreutils
+  # Benchmark only: the JSON libraries bench_peers measures the library against.
+  nlohmann-json3-dev rapidjson-dev libsimdjson-dev
 )
 
 missing=()
