@@ -14,36 +14,41 @@ void SummaryReporter::ReportRuns(const std::vector<Run>& runs) {
     const std::string& name = run.run_name.function_name;
     const double value =
         run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-    if (run.run_type == Run::RT_Aggregate) {
-      if (run.aggregate_name == "median") medians_[name] = value;
-      continue;
+    if (run.run_type != Run::RT_Aggregate) {
+      samples_[name].push_back(value);
+    } else if (run.aggregate_name == "min") {
+      fastest_[name] = value;
     }
-    samples_[name].push_back(value);
-    const std::string row = name.substr(0, name.rfind('/'));
-    if (std::find(order_.begin(), order_.end(), row) == order_.end()) order_.push_back(row);
   }
 }
 
 double SummaryReporter::seconds(const std::string& name) const {
-  if (const auto m = medians_.find(name); m != medians_.end()) return m->second;
+  if (const auto f = fastest_.find(name); f != fastest_.end()) return f->second;
   const auto s = samples_.find(name);
   if (s == samples_.end()) return -1;
-  std::vector<double> v = s->second;
-  std::sort(v.begin(), v.end());
-  const std::size_t n = v.size();
-  return n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
+  return *std::min_element(s->second.begin(), s->second.end());
 }
 
 void SummaryReporter::printSummary() const {
-  if (order_.empty()) return;
-  std::printf("\nTime per job (param ÷ peer: below 1 the library is faster)\n\n| job |");
+  // In the order the benchmarks are registered, whatever order they ran in.
+  std::vector<std::string> rows;
+  for (const char* encoding : kEncodingNames) {
+    for (const char* job : {"read/", "write/"}) {
+      const std::string row = job + std::string(encoding);
+      if (seconds(row + "/" + contenders().front().name) >= 0) rows.push_back(row);
+    }
+  }
+  if (rows.empty()) return;
+  std::printf(
+      "\nWall time per job, fastest repetition (param ÷ peer: below 1 the library is "
+      "faster)\n\n| job |");
   for (const Contender& c : contenders())
     std::printf(" %s |", c.title);
   std::printf("\n|---|");
   for (std::size_t i = 0; i < contenders().size(); ++i)
     std::printf("---|");
   std::printf("\n");
-  for (const std::string& row : order_) {
+  for (const std::string& row : rows) {
     const double library = seconds(row + "/param");
     std::printf("| %s |", row.c_str());
     for (const Contender& c : contenders()) {
