@@ -14,7 +14,10 @@
 namespace peers {
 namespace {
 
+std::string scratch;  // the check's file, removed on failure too
+
 [[noreturn]] void fail(const std::string& what) {
+  std::remove(scratch.c_str());
   std::fprintf(stderr, "peer check failed: %s\n", what.c_str());
   std::exit(1);
 }
@@ -40,7 +43,8 @@ bool sameInfo(const Info& a, const Info& b) {
 }  // namespace
 
 void checkPeers(const Job& sample, const std::string& folder) {
-  const std::string file = folder + "/param-peers-check-" + std::to_string(::getpid()) + ".cfg";
+  scratch = folder + "/param-peers-check-" + std::to_string(::getpid()) + ".cfg";
+  const std::string& file = scratch;
   std::string libraryText;
   if (!libraryWrite(sample, file, encodingOption(0)) || !readDocument(file, libraryText))
     fail("the library's base64 document " + file + " cannot be written or read back by hand");
