@@ -11,6 +11,8 @@ packages=(
   g++-mingw-w64-x86-64-posix
   python3 python3-pytest python3-numpy
   clang libclang-rt-dev
+  # Benchmark only: the JSON libraries bench_peers measures the library against.
+  nlohmann-json3-dev rapidjson-dev libsimdjson-dev
 )
 
 missing=()

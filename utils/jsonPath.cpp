@@ -101,7 +101,8 @@ SdkError parseJsonPath(std::string_view text, JsonPath& out, std::string* error)
     if (text[i] == '[') {
       const std::size_t close = text.find(']', i);
       if (close == std::string_view::npos) {
-        return bad(error, "unclosed bracket at " + std::to_string(i + 1));
+        return bad(error, "an index is a number in brackets, as in params[3] (at character " +
+                              std::to_string(i + 1) + ")");
       }
       JsonPathStep s;
       s.isIndex = true;
@@ -109,35 +110,43 @@ SdkError parseJsonPath(std::string_view text, JsonPath& out, std::string* error)
       const char* last = text.data() + close;
       const auto [end, ec] = std::from_chars(first, last, s.index);
       if (first == last || ec != std::errc() || end != last) {
-        return bad(error, "not an index: [" + std::string(first, last) + "]");
+        return bad(error, "an index is a number in brackets, as in params[3] (at character " +
+                              std::to_string(i + 1) + ")");
       }
       out.push_back(std::move(s));
       i = close + 1;
       expectKey = false;
       if (i < text.size() && text[i] != '.' && text[i] != '[') {
-        return bad(error, "expected '.' or '[' at " + std::to_string(i + 1));
+        return bad(error, "expected '.' or '[' at character " + std::to_string(i + 1));
       }
       continue;
     }
     if (text[i] == '.') {
-      if (expectKey) return bad(error, "empty member name at " + std::to_string(i + 1));
+      if (expectKey) return bad(error, "an empty name at character " + std::to_string(i + 1));
       expectKey = true;
       ++i;
       continue;
     }
-    if (text[i] == ']') return bad(error, "unexpected ']' at " + std::to_string(i + 1));
-    if (!expectKey) return bad(error, "expected '.' or '[' at " + std::to_string(i + 1));
+    if (text[i] == ']') {
+      return bad(error,
+                 "unexpected ']' at character " + std::to_string(i + 1) + " (write \\] in a name)");
+    }
+    if (!expectKey) return bad(error, "expected '.' or '[' at character " + std::to_string(i + 1));
     JsonPathStep s;
     while (i < text.size() && text[i] != '.' && text[i] != '[' && text[i] != ']') {
       if (text[i] == '\\') {
-        if (++i == text.size()) return bad(error, "a backslash ends the path");
+        if (++i == text.size()) {
+          return bad(error, "a backslash at the end (write \\\\ for a backslash in a name)");
+        }
       }
       s.key += text[i++];
     }
     out.push_back(std::move(s));
     expectKey = false;
   }
-  if (expectKey && !out.empty()) return bad(error, "the path ends with '.'");
+  if (expectKey && !out.empty()) {
+    return bad(error, "an empty name at character " + std::to_string(text.size() + 1));
+  }
   return errc::ok;
 }
 

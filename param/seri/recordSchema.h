@@ -9,8 +9,10 @@
 // built-in default (what save writes for a default record).
 
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <type_traits>
 #include <typeindex>
@@ -147,6 +149,27 @@ class SchemaWriter {
   SeriObject& properties_;
 };
 
+// A default-constructed record in zeroed storage, for the registry: a member
+// that the constructor leaves alone on purpose (AxSupRulerCtrlData's rType)
+// then reads as 0 instead of whatever the stack held, so that what the
+// registry saves and describes is the same on every call.
+template <class T>
+class ZeroedRecord {
+ public:
+  ZeroedRecord() {
+    std::memset(storage_, 0, sizeof storage_);
+    record_ = ::new (static_cast<void*>(storage_)) T;
+  }
+  ~ZeroedRecord() { record_->~T(); }
+  ZeroedRecord(const ZeroedRecord&) = delete;
+  ZeroedRecord& operator=(const ZeroedRecord&) = delete;
+  T& operator*() { return *record_; }
+
+ private:
+  alignas(T) unsigned char storage_[sizeof(T)];
+  T* record_ = nullptr;
+};
+
 // The JSON Schema (draft 2020-12) of record type `type`, or of every registered
 // type when `type` is empty: "$defs" holds one object schema per type, and
 // "$ref" names the one asked for. utils::errc::keyMissing for an unknown type.
@@ -161,14 +184,14 @@ PARAM_API SdkError recordSchema(std::string_view type, SeriObject& schema);
   const ::param::RecordRegistration registration_##Record(::param::RecordType{             \
       #Record, typeid(Record),                                                             \
       [](const ::param::SeriObject& in, ::param::SeriObject& saved) -> ::param::SdkError { \
-        Record record;                                                                     \
-        const ::param::SdkError loaded = record.load(in);                                  \
-        const ::param::SdkError stored = record.save(saved);                               \
+        ::param::ZeroedRecord<Record> record;                                              \
+        const ::param::SdkError loaded = (*record).load(in);                               \
+        const ::param::SdkError stored = (*record).save(saved);                            \
         return loaded ? loaded : stored;                                                   \
       },                                                                                   \
       [](::param::SeriObject& properties) {                                                \
-        Record record;                                                                     \
-        keys(::param::SchemaWriter(properties), record);                                   \
+        ::param::ZeroedRecord<Record> record;                                              \
+        keys(::param::SchemaWriter(properties), *record);                                  \
       }});                                                                                 \
   }
 

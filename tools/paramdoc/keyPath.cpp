@@ -1,84 +1,13 @@
 #include "keyPath.h"
 
-#include <charconv>
-
 namespace paramdoc {
 
-namespace {
-
-bool special(char c) {
-  return c == '.' || c == '[' || c == ']' || c == '\\';
-}
-
-}  // namespace
-
 bool parseKeyPath(std::string_view text, KeyPath& out, std::string& error) {
-  out.clear();
-  std::size_t i = 0;
-  while (i < text.size()) {
-    const bool first = out.empty();
-    if (text[i] == '[') {
-      const std::size_t close = text.find(']', i);
-      const std::string_view digits =
-          text.substr(i + 1, close == std::string_view::npos ? 0 : close - i - 1);
-      KeyStep step;
-      step.isIndex = true;
-      const auto [end, ec] =
-          std::from_chars(digits.data(), digits.data() + digits.size(), step.index);
-      if (close == std::string_view::npos || digits.empty() || ec != std::errc() ||
-          end != digits.data() + digits.size()) {
-        error = "an index is a number in brackets, as in params[3] (at character " +
-                std::to_string(i + 1) + ")";
-        return false;
-      }
-      out.push_back(step);
-      i = close + 1;
-      continue;
-    }
-    if (!first) {
-      if (text[i] != '.') {
-        error = "expected '.' or '[' at character " + std::to_string(i + 1);
-        return false;
-      }
-      ++i;
-    }
-    KeyStep step;
-    while (i < text.size() && text[i] != '.' && text[i] != '[') {
-      if (text[i] == ']') {
-        error = "unexpected ']' at character " + std::to_string(i + 1) + " (write \\] in a name)";
-        return false;
-      }
-      if (text[i] == '\\') {
-        if (++i == text.size()) {
-          error = "a backslash at the end (write \\\\ for a backslash in a name)";
-          return false;
-        }
-      }
-      step.key += text[i++];
-    }
-    if (step.key.empty()) {
-      error = "an empty name at character " + std::to_string(i + 1);
-      return false;
-    }
-    out.push_back(std::move(step));
-  }
-  return true;
+  return utils::parseJsonPath(text, out, &error) == 0;
 }
 
 std::string formatKeyPath(const KeyPath& path) {
-  std::string text;
-  for (const KeyStep& step : path) {
-    if (step.isIndex) {
-      text += '[' + std::to_string(step.index) + ']';
-      continue;
-    }
-    if (!text.empty()) text += '.';
-    for (char c : step.key) {
-      if (special(c)) text += '\\';
-      text += c;
-    }
-  }
-  return text;
+  return utils::formatJsonPath(path);
 }
 
 const boost::json::value* findValue(const boost::json::value& root, const KeyPath& path,

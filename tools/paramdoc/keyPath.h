@@ -18,14 +18,12 @@
 
 #include <boost/json/value.hpp>
 
+#include <utils/jsonPath.h>
+
 namespace paramdoc {
 
-struct KeyStep {
-  std::string key;  // a member name, when not an index
-  std::size_t index = 0;
-  bool isIndex = false;
-};
-using KeyPath = std::vector<KeyStep>;
+using KeyStep = utils::JsonPathStep;
+using KeyPath = utils::JsonPath;
 
 // False with `error` for text that is no key path.
 bool parseKeyPath(std::string_view text, KeyPath& out, std::string& error);
