@@ -481,7 +481,7 @@ class RecordSaver {
     if (result_ == 0) {
       using V = std::remove_cvref_t<T>;
       KeySink sink{obj_, key};
-      result_ = errorStep(FieldIo<V>::write(sink, member));
+      if (SdkError e = FieldIo<V>::write(sink, member)) result_ = errorStep(e);
     }
     return *this;
   }
