@@ -5,6 +5,26 @@
 namespace param {
 namespace {
 
+// Keys that several laser kinds share, in the order each of them saves them.
+
+// First-pulse suppression and the analogue current output (YAG, UV).
+void suppressionAndCurrentKeys(auto&& io, auto& r) {
+  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
+  io("fpsEndOpenPwm", r.fpsEndOpenPwm,
+     "switch the PWM output on at the end of first-pulse suppression");
+  io("fpsTime", r.fpsTime, "first-pulse suppression time");
+  io("daEnable", r.daEnable, "drive the analogue (DA) output");
+  io("daCurrentMap", r.daCurrentMap, "analogue current output for commands of 0, 10 ... 100 %");
+}
+
+// Leak handling and the master oscillator: the last keys of most kinds.
+SdkError leakAndOscillatorKeys(auto&& io, auto& r) {
+  io("leakType", r.leakType, "leak-handling mode number");
+  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
+  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
+  return io.result();
+}
+
 SdkError keys(auto&& io, RecordOf<LaserParamCO2> auto& r) {
   io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
   io("preionEnable", r.preionEnable, "pre-ionisation (tickle) pulse on");
@@ -16,49 +36,27 @@ SdkError keys(auto&& io, RecordOf<LaserParamCO2> auto& r) {
   io("powerMap", r.powerMap, "PWM power output for commands of 0, 10 ... 100 %");
   io("daEnable", r.daEnable, "drive the analogue (DA) output");
   io("daPowerMap", r.daPowerMap, "analogue output for commands of 0, 10 ... 100 %");
-  io("leakType", r.leakType, "leak-handling mode number");
-  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
-  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
-  return io.result();
+  return leakAndOscillatorKeys(io, r);
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamYAG> auto& r) {
   io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
   io("pwmPulseInverse", r.pwmPulseInverse, "invert the PWM output polarity");
-  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
-  io("fpsEndOpenPwm", r.fpsEndOpenPwm,
-     "switch the PWM output on at the end of first-pulse suppression");
-  io("fpsTime", r.fpsTime, "first-pulse suppression time");
-  io("daEnable", r.daEnable, "drive the analogue (DA) output");
-  io("daCurrentMap", r.daCurrentMap, "analogue current output for commands of 0, 10 ... 100 %");
-  io("leakType", r.leakType, "leak-handling mode number");
-  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
-  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
-  return io.result();
+  suppressionAndCurrentKeys(io, r);
+  return leakAndOscillatorKeys(io, r);
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamUV> auto& r) {
   io("pwmEnable", r.pwmEnable, "drive the PWM (pulse) output");
   io("pwmPulseInverse", r.pwmPulseInverse, "invert the PWM output polarity");
   io("powerEnable", r.powerEnable, "power output on");
-  io("fpsEnable", r.fpsEnable, "first-pulse suppression on");
-  io("fpsEndOpenPwm", r.fpsEndOpenPwm,
-     "switch the PWM output on at the end of first-pulse suppression");
-  io("fpsTime", r.fpsTime, "first-pulse suppression time");
-  io("daEnable", r.daEnable, "drive the analogue (DA) output");
-  io("daCurrentMap", r.daCurrentMap, "analogue current output for commands of 0, 10 ... 100 %");
-  io("leakType", r.leakType, "leak-handling mode number");
-  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
-  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
-  return io.result();
+  suppressionAndCurrentKeys(io, r);
+  return leakAndOscillatorKeys(io, r);
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamFiber> auto& r) {
   io("powerMap", r.powerMap, "PWM power output for commands of 0, 10 ... 100 %");
-  io("leakType", r.leakType, "leak-handling mode number");
-  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
-  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
-  return io.result();
+  return leakAndOscillatorKeys(io, r);
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamQCW> auto& r) {
@@ -70,10 +68,7 @@ SdkError keys(auto&& io, RecordOf<LaserParamQCW> auto& r) {
   io("pwm2Enable", r.pwm2Enable, "drive the second PWM output");
   io("da2Enable", r.da2Enable, "drive the second analogue output");
   io("da2PowerMap", r.da2PowerMap, "second analogue output for commands of 0, 10 ... 100 %");
-  io("leakType", r.leakType, "leak-handling mode number");
-  io("moOnTime", r.moOnTime, "on time of the master-oscillator output");
-  io("moOffTime", r.moOffTime, "off time of the master-oscillator output");
-  return io.result();
+  return leakAndOscillatorKeys(io, r);
 }
 
 SdkError keys(auto&& io, RecordOf<LaserParamWeldYAG> auto& r) {
