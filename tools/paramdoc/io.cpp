@@ -82,29 +82,18 @@ Input::~Input() {
 
 bool Input::open(const std::string& name) {
   name_ = inputName(name);
-  bool limitHit = false;
   if (name == "-") {
 #ifdef _WIN32
     _setmode(_fileno(stdin), _O_BINARY);
 #endif
-    errno = 0;
-    if (!readAll(stdin, buffer_, limitHit)) {
-      return failed(name_, limitHit ? tooLarge() : std::strerror(errno ? errno : EIO));
-    }
-    data_ = buffer_.data();
-    size_ = buffer_.size();
-    return true;
+    return take(stdin);
   }
 #ifdef _WIN32
   std::FILE* f = std::fopen(name.c_str(), "rb");
   if (f == nullptr) return failed(name_, std::strerror(errno));
-  const bool ok = readAll(f, buffer_, limitHit);
-  const int cause = errno;
+  const bool ok = take(f);
   std::fclose(f);
-  if (!ok) return failed(name_, limitHit ? tooLarge() : std::strerror(cause ? cause : EIO));
-  data_ = buffer_.data();
-  size_ = buffer_.size();
-  return true;
+  return ok;
 #else
   const int fd = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) return failed(name_, std::strerror(errno));
@@ -136,15 +125,21 @@ bool Input::open(const std::string& name) {
     ::close(fd);
     return failed(name_, std::strerror(cause));
   }
-  errno = 0;
-  const bool ok = readAll(f, buffer_, limitHit);
-  const int cause = errno;
+  const bool ok = take(f);
   std::fclose(f);
-  if (!ok) return failed(name_, limitHit ? tooLarge() : std::strerror(cause ? cause : EIO));
+  return ok;
+#endif
+}
+
+bool Input::take(std::FILE* f) {
+  bool limitHit = false;
+  errno = 0;
+  if (!readAll(f, buffer_, limitHit)) {
+    return failed(name_, limitHit ? tooLarge() : std::strerror(errno ? errno : EIO));
+  }
   data_ = buffer_.data();
   size_ = buffer_.size();
   return true;
-#endif
 }
 
 bool writeOutput(const std::string& name, std::string_view bytes) {

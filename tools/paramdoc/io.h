@@ -5,6 +5,7 @@
 // file's name and the operating system's cause.
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,9 @@ class Input {
   const std::string& name() const { return name_; }
 
  private:
+  // Reads all of `f` into the buffer; reports a failure and returns false.
+  bool take(std::FILE* f);
+
   std::string name_;
   std::string buffer_;  // what was read, when not mapped
   const char* data_ = nullptr;
