@@ -6,9 +6,11 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <stdexcept>
 #include <type_traits>
 
 #include "internal/jsonText.h"
+#include "internal/pendingText.h"
 
 namespace utils {
 
@@ -195,6 +197,42 @@ void view(const std::shared_ptr<void>& owner, const T& v, std::shared_ptr<void>&
   out = std::shared_ptr<void>(owner, const_cast<T*>(&v));
 }
 
+// Builds the tree of a node whose content is still text: `open` and `close`
+// are its brackets, T its container.
+template <class T>
+void settleText(std::shared_ptr<void>& node, std::unique_ptr<detail::PendingText>& text, char open,
+                char close) {
+  if (!text) return;
+  std::error_code ec;
+  bj::value v = parseOwnJson(text->joined(open, close), ec);
+  // The text is the writer's own, so it always parses; anything else is a
+  // fault here, never a reason to drop the content.
+  if (ec) throw std::logic_error("utils::JsonObject: pending JSON text does not parse");
+  if constexpr (std::is_same_v<T, bj::object>) {
+    node = std::make_shared<bj::object>(std::move(v.get_object()));
+  } else {
+    node = std::make_shared<bj::array>(std::move(v.get_array()));
+  }
+  text.reset();
+}
+
+// Writes a child container (tree, text or empty) as the value just begun in
+// `text`, leaving the child empty.
+template <class T>
+void putChild(detail::PendingText& text, std::shared_ptr<void>& node,
+              std::unique_ptr<detail::PendingText>& childText, char open, char close) {
+  if (childText) {
+    text.putContainer(std::move(*childText), open, close);
+    childText.reset();
+  } else if (node) {
+    text.putRaw(writeJson(*as<const T>(node)));
+  } else {
+    const char empty[2] = {open, close};
+    text.putRaw(std::string_view(empty, 2));
+  }
+  node.reset();
+}
+
 }  // namespace
 
 namespace detail {
@@ -312,14 +350,86 @@ JsonObject::~JsonObject() = default;
 JsonObject JsonObject::clone() const {
   JsonObject copy(JsonSave::instance);
   if (node_) copy.node_ = std::make_shared<bj::object>(*as<const bj::object>(node_));
+  if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
   return copy;
 }
 
 void JsonObject::swap(JsonObject& other) noexcept {
   node_.swap(other.node_);
+  text_.swap(other.text_);
+}
+
+void JsonObject::settle() const {
+  settleText<bj::object>(node_, text_, '{', '}');
+}
+
+detail::PendingText* JsonObject::textFor(const char* key) const {
+  if (node_) return nullptr;
+  if (!text_) text_ = std::make_unique<detail::PendingText>();
+  const std::string_view name(key);
+  const std::uint64_t h = detail::PendingText::hash(name);
+  if (text_->mayHave(h)) {
+    // Set again: the last member is rewritten in its place, any other goes
+    // through the tree.
+    if (!text_->isLast(h)) {
+      settle();
+      return nullptr;
+    }
+    text_->dropLast();
+  }
+  text_->beginMember(name, h);
+  return text_.get();
+}
+
+detail::PendingText* JsonObject::uncheckedTextFor(std::string_view key) {
+  if (node_) return nullptr;
+  if (!text_) text_ = std::make_unique<detail::PendingText>();
+  text_->beginUncheckedMember(key);
+  return text_.get();
+}
+
+SdkError JsonObject::addScalar(std::string_view key, const detail::ScalarValue& value) {
+  if (detail::PendingText* text = uncheckedTextFor(key)) {
+    text->putScalar(value);
+    return 0;
+  }
+  exclusive<bj::object>(node_).insert_or_assign(key, makeValue(value));
+  return 0;
+}
+
+SdkError JsonObject::add(std::string_view key, std::string_view in) {
+  if (detail::PendingText* text = uncheckedTextFor(key)) {
+    text->putString(in);
+    return 0;
+  }
+  exclusive<bj::object>(node_).insert_or_assign(key, bj::string(in));
+  return 0;
+}
+
+SdkError JsonObject::addJsonObject(std::string_view key, JsonObject&& child) {
+  if (detail::PendingText* text = uncheckedTextFor(key)) {
+    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    return 0;
+  }
+  child.settle();
+  bj::value v = release<bj::object>(child.node_);
+  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
+  return 0;
+}
+
+SdkError JsonObject::addJsonArray(std::string_view key, JsonArray&& child) {
+  if (detail::PendingText* text = uncheckedTextFor(key)) {
+    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    return 0;
+  }
+  child.settle();
+  bj::value v = release<bj::array>(child.node_);
+  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
+  return 0;
 }
 
 const void* JsonObject::find(const char* key) const {
+  settle();
   if (!node_ || key == nullptr) return nullptr;
   return as<const bj::object>(node_)->if_contains(key);
 }
@@ -331,12 +441,20 @@ SdkError JsonObject::get(const char* key, std::string& out) const {
 
 SdkError JsonObject::setScalar(const char* key, const detail::ScalarValue& value) {
   if (key == nullptr) return errc::keyMissing;
+  if (detail::PendingText* text = textFor(key)) {
+    text->putScalar(value);
+    return 0;
+  }
   exclusive<bj::object>(node_).insert_or_assign(key, makeValue(value));
   return 0;
 }
 
 SdkError JsonObject::set(const char* key, std::string_view in) {
   if (key == nullptr) return errc::keyMissing;
+  if (detail::PendingText* text = textFor(key)) {
+    text->putString(in);
+    return 0;
+  }
   exclusive<bj::object>(node_).insert_or_assign(key, bj::string(in));
   return 0;
 }
@@ -365,6 +483,11 @@ SdkError JsonObject::setJsonObject(const char* key, JsonObject&& child) {
 
 SdkError JsonObject::setJsonObjectOfConst(const char* key, JsonObject&& child) const {
   if (key == nullptr) return errc::keyMissing;
+  if (detail::PendingText* text = textFor(key)) {
+    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    return 0;
+  }
+  child.settle();
   bj::value v = release<bj::object>(child.node_);
   exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
   return 0;
@@ -372,16 +495,26 @@ SdkError JsonObject::setJsonObjectOfConst(const char* key, JsonObject&& child) c
 
 SdkError JsonObject::setJsonArray(const char* key, JsonArray&& child) {
   if (key == nullptr) return errc::keyMissing;
+  if (detail::PendingText* text = textFor(key)) {
+    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    return 0;
+  }
+  child.settle();
   bj::value v = release<bj::array>(child.node_);
   exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
   return 0;
 }
 
 SdkError JsonObject::takeJsonObject(const char* key, JsonObject& out) {
+  // A key that was never added is missing without building the tree.
+  if (text_ && key != nullptr && !text_->mayHave(key)) return errc::keyMissing;
+  settle();
   return takeMember<bj::object>(node_, key, out.node_);
 }
 
 SdkError JsonObject::takeJsonArray(const char* key, JsonArray& out) {
+  if (text_ && key != nullptr && !text_->mayHave(key)) return errc::keyMissing;
+  settle();
   return takeMember<bj::array>(node_, key, out.node_);
 }
 
@@ -391,6 +524,7 @@ std::string JsonObject::memberText(const char* key) const {
 }
 
 std::vector<std::string> JsonObject::keys() const {
+  settle();
   std::vector<std::string> out;
   if (!node_) return out;
   const bj::object& o = *as<const bj::object>(node_);
@@ -401,6 +535,7 @@ std::vector<std::string> JsonObject::keys() const {
 }
 
 std::size_t JsonObject::size() const {
+  if (text_) return text_->count();
   return node_ ? as<const bj::object>(node_)->size() : 0;
 }
 
@@ -411,6 +546,7 @@ bool JsonObject::erase(const char* key) {
 
 SdkError JsonObject::setMemberText(const char* key, std::string_view text) {
   if (key == nullptr) return errc::keyMissing;
+  settle();
   std::error_code ec;
   bj::value v = parseJson(text, ec);
   if (ec == std::errc::result_out_of_range) return errc::outOfRange;
@@ -420,12 +556,43 @@ SdkError JsonObject::setMemberText(const char* key, std::string_view text) {
 }
 
 std::string JsonObject::stringfy(int indent) const {
+  if (text_ && indent <= 0) return text_->joined('{', '}');
+  settle();
   if (!node_) return "{}";
   return writeJson(*as<const bj::object>(node_), indent);
 }
 
+JsonTextPieces JsonObject::textPieces() const {
+  JsonTextPieces out;
+  if (text_) {
+    static constexpr char kBraces[] = "{}";
+    out.pieces.emplace_back(kBraces, 1);
+    text_->forEachPiece([&out](const char* data, std::size_t size) {
+      if (size > 0) out.pieces.emplace_back(data, size);
+    });
+    out.pieces.emplace_back(kBraces + 1, 1);
+  } else {
+    out.owned = stringfy();
+    out.pieces.emplace_back(out.owned);
+  }
+  for (std::string_view piece : out.pieces)
+    out.size += piece.size();
+  return out;
+}
+
+std::string JsonTextPieces::joined() const {
+  if (pieces.size() == 1 && pieces.front().data() == owned.data()) return owned;
+  std::string out;
+  out.reserve(size);
+  for (std::string_view piece : pieces)
+    out.append(piece);
+  return out;
+}
+
 SdkError JsonObject::parser(const char* text, std::size_t length) {
-  return parseInto<bj::object>(text, length, node_, bj::kind::object);
+  const SdkError e = parseInto<bj::object>(text, length, node_, bj::kind::object);
+  if (e == 0) text_.reset();
+  return e;
 }
 
 // ---- JsonArray ----
@@ -439,22 +606,38 @@ JsonArray::~JsonArray() = default;
 JsonArray JsonArray::clone() const {
   JsonArray copy(JsonSave::instance);
   if (node_) copy.node_ = std::make_shared<bj::array>(*as<const bj::array>(node_));
+  if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
   return copy;
 }
 
 void JsonArray::swap(JsonArray& other) noexcept {
   node_.swap(other.node_);
+  text_.swap(other.text_);
+}
+
+void JsonArray::settle() const {
+  settleText<bj::array>(node_, text_, '[', ']');
+}
+
+detail::PendingText* JsonArray::textAt(std::size_t index) {
+  if (node_ || index != size()) return nullptr;
+  if (!text_) text_ = std::make_unique<detail::PendingText>();
+  text_->beginElement();
+  return text_.get();
 }
 
 std::size_t JsonArray::size() const {
+  if (text_) return text_->count();
   return node_ ? as<const bj::array>(node_)->size() : 0;
 }
 
 void JsonArray::reserve(std::size_t count) {
-  exclusive<bj::array>(node_).reserve(count);
+  // Pending text needs no room ahead.
+  if (node_) exclusive<bj::array>(node_).reserve(count);
 }
 
 const void* JsonArray::at(std::size_t index) const {
+  settle();
   if (!node_) return nullptr;
   const bj::array& a = *as<const bj::array>(node_);
   return index < a.size() ? &a[index] : nullptr;
@@ -466,11 +649,19 @@ SdkError JsonArray::get(std::size_t index, std::string& out) const {
 }
 
 SdkError JsonArray::addScalar(const detail::ScalarValue& value) {
+  if (detail::PendingText* text = textAt(size())) {
+    text->putScalar(value);
+    return 0;
+  }
   exclusive<bj::array>(node_).push_back(makeValue(value));
   return 0;
 }
 
 SdkError JsonArray::add(std::string_view in) {
+  if (detail::PendingText* text = textAt(size())) {
+    text->putString(in);
+    return 0;
+  }
   exclusive<bj::array>(node_).push_back(bj::string(in));
   return 0;
 }
@@ -494,45 +685,82 @@ SdkError JsonArray::getJsonArray(std::size_t index, JsonArray& out) const {
 }
 
 SdkError JsonArray::addJsonObject(JsonObject&& child) {
+  if (detail::PendingText* text = textAt(size())) {
+    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    return 0;
+  }
+  child.settle();
   bj::value v = release<bj::object>(child.node_);
   exclusive<bj::array>(node_).push_back(std::move(v));
   return 0;
 }
 
 SdkError JsonArray::addJsonArray(JsonArray&& child) {
+  if (detail::PendingText* text = textAt(size())) {
+    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    return 0;
+  }
+  child.settle();
   bj::value v = release<bj::array>(child.node_);
   exclusive<bj::array>(node_).push_back(std::move(v));
   return 0;
 }
 
 SdkError JsonArray::setScalar(std::size_t index, const detail::ScalarValue& value) {
+  if (detail::PendingText* text = textAt(index)) {
+    text->putScalar(value);
+    return 0;
+  }
+  settle();
   return storeAt(node_, index, makeValue(value));
 }
 
 SdkError JsonArray::set(std::size_t index, std::string_view in) {
+  if (detail::PendingText* text = textAt(index)) {
+    text->putString(in);
+    return 0;
+  }
+  settle();
   return storeAt(node_, index, bj::string(in));
 }
 
 SdkError JsonArray::setJsonObject(std::size_t index, JsonObject&& child) {
   if (index > size()) return errc::indexOutOfRange;
+  if (detail::PendingText* text = textAt(index)) {
+    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    return 0;
+  }
+  settle();
+  child.settle();
   return storeAt(node_, index, release<bj::object>(child.node_));
 }
 
 SdkError JsonArray::setJsonArray(std::size_t index, JsonArray&& child) {
   if (index > size()) return errc::indexOutOfRange;
+  if (detail::PendingText* text = textAt(index)) {
+    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    return 0;
+  }
+  settle();
+  child.settle();
   return storeAt(node_, index, release<bj::array>(child.node_));
 }
 
 SdkError JsonArray::takeJsonObject(std::size_t index, JsonObject& out) {
+  if (index >= size()) return errc::indexOutOfRange;
+  settle();
   return takeElement<bj::object>(node_, index, out.node_);
 }
 
 SdkError JsonArray::takeJsonArray(std::size_t index, JsonArray& out) {
+  if (index >= size()) return errc::indexOutOfRange;
+  settle();
   return takeElement<bj::array>(node_, index, out.node_);
 }
 
 void JsonArray::truncate(std::size_t count) {
   if (count >= size()) return;
+  settle();
   bj::array& a = exclusive<bj::array>(node_);
   a.erase(a.begin() + static_cast<std::ptrdiff_t>(count), a.end());
 }
@@ -543,6 +771,7 @@ std::string JsonArray::elementText(std::size_t index) const {
 }
 
 SdkError JsonArray::setElementText(std::size_t index, std::string_view text) {
+  settle();
   std::error_code ec;
   bj::value v = parseJson(text, ec);
   if (ec == std::errc::result_out_of_range) return errc::outOfRange;
@@ -551,12 +780,16 @@ SdkError JsonArray::setElementText(std::size_t index, std::string_view text) {
 }
 
 std::string JsonArray::stringfy(int indent) const {
+  if (text_ && indent <= 0) return text_->joined('[', ']');
+  settle();
   if (!node_) return "[]";
   return writeJson(*as<const bj::array>(node_), indent);
 }
 
 SdkError JsonArray::parser(const char* text, std::size_t length) {
-  return parseInto<bj::array>(text, length, node_, bj::kind::array);
+  const SdkError e = parseInto<bj::array>(text, length, node_, bj::kind::array);
+  if (e == 0) text_.reset();
+  return e;
 }
 
 }  // namespace utils

@@ -30,6 +30,7 @@ concept JsonScalar = std::is_arithmetic_v<T> || std::is_enum_v<T>;
 class JsonArray;
 
 namespace detail {
+class PendingText;
 // The typed conversions behind JsonObject and JsonArray. `node` is a
 // boost::json::value the caller found; these check its kind and range.
 UTILS_API SdkError toBool(const void* node, bool& out);
@@ -106,6 +107,17 @@ ScalarValue makeScalar(const T& v) {
 }
 }  // namespace detail
 
+// The compact JSON text of a node as consecutive pieces, for writing it out
+// without first gathering it into one string. The pieces point into the node
+// (or into `owned`) and are valid until the node changes.
+struct UTILS_API JsonTextPieces {
+  std::vector<std::string_view> pieces;
+  std::size_t size = 0;
+  std::string owned;
+
+  std::string joined() const;
+};
+
 // A JSON object: a value type with typed get and set of its members.
 //
 // Reading never deep-copies: a child fetched with getJsonObject or getJsonArray
@@ -122,6 +134,14 @@ ScalarValue makeScalar(const T& v) {
 // "Infinity" and "-Infinity" and read back by float and double targets. Text
 // holding a number beyond the range of a double (1e400) does not parse (see
 // parser), so every number in a tree is finite and is written back as it was read.
+//
+// A node that has only been added to (set of new keys, add, a child stored)
+// keeps its content as JSON text and builds no tree: saving records and then
+// writing them formats each value once. The first operation that needs the
+// tree (a get, a view, a replaced member that is not the last one) parses that
+// text, which gives exactly the values that were set. Because that first read
+// changes the node, a node built this way and not yet read must not be read
+// from two threads at once; a parsed or already read tree may.
 class UTILS_API JsonObject {
  public:
   explicit JsonObject(JsonLoad);
@@ -151,6 +171,19 @@ class UTILS_API JsonObject {
   SdkError set(const char* key, std::string_view in);
   SdkError set(const char* key, const std::string& in) { return set(key, std::string_view(in)); }
   SdkError set(const char* key, const char* in) { return set(key, std::string_view(in ? in : "")); }
+
+  // Adds a member that the object does not have yet, without looking the key
+  // up: for building a fresh object from a list of distinct keys (a record's
+  // key list), where it is faster than set. On an object that already holds
+  // members it is set. Adding a key twice to a fresh object is a fault of the
+  // caller: the text written then holds the key twice (reads keep the last).
+  template <JsonScalar T>
+  SdkError add(std::string_view key, const T& in) {
+    return addScalar(key, detail::makeScalar(in));
+  }
+  SdkError add(std::string_view key, std::string_view in);
+  SdkError addJsonObject(std::string_view key, JsonObject&& child);
+  SdkError addJsonArray(std::string_view key, JsonArray&& child);
 
   // The stored value, or `fallback` when the key is missing or unreadable as T.
   template <JsonScalar T>
@@ -192,6 +225,8 @@ class UTILS_API JsonObject {
   // indented by `indent` spaces a level.
   std::string stringfy() const { return stringfy(0); }
   std::string stringfy(int indent) const;
+  // stringfy() in pieces.
+  JsonTextPieces textPieces() const;
   // Replaces the content by the parsed text, which must be one JSON object.
   // errc::parseError for text that is not JSON, errc::outOfRange for a number
   // beyond the range of a double, errc::wrongType for JSON that is not an
@@ -207,13 +242,23 @@ class UTILS_API JsonObject {
   friend class JsonArray;
   const void* find(const char* key) const;  // boost::json::value*, or null
   SdkError setScalar(const char* key, const detail::ScalarValue& value);
+  SdkError addScalar(std::string_view key, const detail::ScalarValue& value);
+  // The text to add the member `key` to, begun; null when the object is a tree.
+  detail::PendingText* uncheckedTextFor(std::string_view key);
+  // The text to write the value of `key` into, its member begun; null when the
+  // member goes through the tree (which is then built).
+  detail::PendingText* textFor(const char* key) const;
+  // Builds the tree from the pending text, if there is any.
+  void settle() const;
 
-  // A boost::json::object, possibly inside a larger tree that it keeps alive.
-  // Mutable only for setJsonObjectOfConst.
+  // A boost::json::object, possibly inside a larger tree that it keeps alive,
+  // or, when null, the content still as text (text_, see above). Mutable for
+  // setJsonObjectOfConst and for reads that build the tree.
   mutable std::shared_ptr<void> node_;
+  mutable std::unique_ptr<detail::PendingText> text_;
 };
 
-// A JSON array: the same storage and number rules as JsonObject.
+// A JSON array: the same storage, text and number rules as JsonObject.
 class UTILS_API JsonArray {
  public:
   explicit JsonArray(JsonLoad);
@@ -290,9 +335,14 @@ class UTILS_API JsonArray {
   const void* at(std::size_t index) const;  // boost::json::value*, or null
   SdkError addScalar(const detail::ScalarValue& value);
   SdkError setScalar(std::size_t index, const detail::ScalarValue& value);
+  // The text to write element `index` into, the element begun, when it can be
+  // appended there; null otherwise.
+  detail::PendingText* textAt(std::size_t index);
+  void settle() const;
 
-  // A boost::json::array, possibly inside a larger tree that it keeps alive.
-  std::shared_ptr<void> node_;
+  // As JsonObject's.
+  mutable std::shared_ptr<void> node_;
+  mutable std::unique_ptr<detail::PendingText> text_;
 };
 
 }  // namespace utils

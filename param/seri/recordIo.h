@@ -87,18 +87,33 @@ struct KeySource {
 // Sinks put values, and take out the object or array stored there for editing
 // in place (errc::keyMissing, errc::wrongType or errc::indexOutOfRange when
 // there is none); editObjectAt and editArrayAt below use them.
+//
+// A sink into a `fresh` object (empty when its record began saving) adds the
+// key without looking it up, since a key list names each key once.
 struct KeySink {
   SeriObject& obj;
   const char* key;
+  bool fresh = false;
 
   template <class T>
   SdkError put(const T& value) {
-    return obj.set(key, value);
+    return fresh ? obj.add(key, value) : obj.set(key, value);
   }
-  SdkError putObject(SeriObject&& child) { return obj.setSeriObject(key, std::move(child)); }
-  SdkError putArray(SeriArray&& child) { return obj.setSeriArray(key, std::move(child)); }
-  SdkError takeObject(SeriObject& out) { return obj.takeSeriObject(key, out); }
-  SdkError takeArray(SeriArray& out) { return obj.takeSeriArray(key, out); }
+  SdkError put(std::string_view value) { return fresh ? obj.add(key, value) : obj.set(key, value); }
+  SdkError putObject(SeriObject&& child) {
+    return fresh ? obj.addSeriObject(key, std::move(child))
+                 : obj.setSeriObject(key, std::move(child));
+  }
+  SdkError putArray(SeriArray&& child) {
+    return fresh ? obj.addSeriArray(key, std::move(child))
+                 : obj.setSeriArray(key, std::move(child));
+  }
+  SdkError takeObject(SeriObject& out) {
+    return fresh ? SdkError{utils::errc::keyMissing} : obj.takeSeriObject(key, out);
+  }
+  SdkError takeArray(SeriArray& out) {
+    return fresh ? SdkError{utils::errc::keyMissing} : obj.takeSeriArray(key, out);
+  }
 };
 
 // Element `index` of an array.
@@ -474,13 +489,14 @@ class RecordLoader {
 // Saves a record's keys in order (see the top of this file).
 class RecordSaver {
  public:
-  explicit RecordSaver(SeriObject& obj) : obj_(obj) {}
+  // An object that is empty when the walk begins gets its keys without lookups.
+  explicit RecordSaver(SeriObject& obj) : obj_(obj), fresh_(obj.empty()) {}
 
   template <class T>
   RecordSaver& operator()(const char* key, const T& member) {
     if (result_ == 0) {
       using V = std::remove_cvref_t<T>;
-      KeySink sink{obj_, key};
+      KeySink sink{obj_, key, fresh_};
       if (SdkError e = FieldIo<V>::write(sink, member)) result_ = errorStep(e);
     }
     return *this;
@@ -503,6 +519,7 @@ class RecordSaver {
 
  private:
   SeriObject& obj_;
+  bool fresh_;
   SdkError result_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 
 #include <utils/algorithm/aes.h>
 #include <utils/algorithm/base64.h>
@@ -86,26 +87,42 @@ void logFailure(const char* what, const utils::path& file, SdkError code) {
   if (cause.code != 0) log.write(": ").write(cause.describe());
 }
 
-// Base64 and XOR need no buffer of their own: the text is encoded a slice at a
-// time. The slice is a multiple of 3 (base64 groups) and of 16 (the XOR key).
-constexpr std::size_t kSlice = 3 * 16 * 16384;
+// Base64 and XOR need no buffer for the whole payload: the text is gathered
+// from its pieces a slice at a time and encoded into the file. The slice is a
+// multiple of 3 (base64 groups) and of 16 (the XOR key), and small enough to
+// stay in cache.
+constexpr std::size_t kSlice = 3 * 16 * 1024;
 
-SdkError appendEncoded(utils::AtomicFile& out, const std::string& text, SeriOption option) {
+SdkError appendEncoded(utils::AtomicFile& out, const utils::JsonTextPieces& text,
+                       SeriOption option) {
   const bool base64 = option.encoding() == SeriOption::Base64;
-  std::string buffer(base64 ? alg::base64::encodedSize(kSlice) : kSlice, '\0');
-  for (std::size_t at = 0; at < text.size(); at += kSlice) {
-    const std::size_t n = std::min(kSlice, text.size() - at);
-    std::size_t produced = n;
+  std::unique_ptr<char[]> slice(new char[kSlice]);
+  std::unique_ptr<char[]> encoded(new char[alg::base64::encodedSize(kSlice)]);
+  std::size_t filled = 0;
+  const auto flush = [&]() -> SdkError {
+    std::size_t produced = filled;
     if (base64) {
-      produced = alg::base64::encodedSize(n);
-      alg::base64::encodeTo(text.data() + at, n, buffer.data());
+      produced = alg::base64::encodedSize(filled);
+      alg::base64::encodeTo(slice.get(), filled, encoded.get());
     } else {
-      alg::XOR::encodeTo(text.data() + at, n, documentKey(option.keyIndex()), 16,
-                         reinterpret_cast<std::uint8_t*>(buffer.data()));
+      alg::XOR::encodeTo(slice.get(), filled, documentKey(option.keyIndex()), 16,
+                         reinterpret_cast<std::uint8_t*>(encoded.get()));
     }
-    if (SdkError e = out.append(buffer.data(), produced)) return e;
+    filled = 0;
+    return out.append(encoded.get(), produced);
+  };
+  for (std::string_view piece : text.pieces) {
+    while (!piece.empty()) {
+      const std::size_t n = std::min(kSlice - filled, piece.size());
+      std::memcpy(slice.get() + filled, piece.data(), n);
+      filled += n;
+      piece.remove_prefix(n);
+      if (filled == kSlice) {
+        if (SdkError e = flush()) return e;
+      }
+    }
   }
-  return 0;
+  return filled > 0 ? flush() : 0;
 }
 
 }  // namespace
@@ -166,7 +183,7 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
   SeriObject block(utils::JsonSave::instance);
   if (info_.save(block) == 0) setJsonObjectOfConst(kInfoKey, std::move(block));
 
-  const std::string text = stringfy();
+  const utils::JsonTextPieces text = textPieces();
 
   // Base64 and XOR are encoded slice by slice into the file; the other
   // encodings first into memory, so that a codec failure leaves no file behind.
@@ -175,10 +192,10 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
   std::string payload;
   std::uint64_t payloadSize = 0;
   if (encoding == SeriOption::Base64) {
-    payloadSize = alg::base64::encodedSize(text.size());
+    payloadSize = alg::base64::encodedSize(text.size);
   } else if (encoding == SeriOption::Xor) {
-    payloadSize = text.size();
-  } else if (SdkError e = encode(text, option, payload)) {
+    payloadSize = text.size;
+  } else if (SdkError e = encode(text.joined(), option, payload)) {
     logFailure("encode document for", file, e);
     return e;
   } else {

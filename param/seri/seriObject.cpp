@@ -16,6 +16,15 @@ SdkError SeriObject::setSeriObject(const char* key, SeriObject&& child) {
   return setJsonObject(key, std::move(child));
 }
 
+SdkError SeriObject::addSeriObject(const char* key, SeriObject&& child) {
+  child.info_ = info_;
+  return addJsonObject(key, std::move(child));
+}
+
+SdkError SeriObject::addSeriArray(const char* key, SeriArray&& child) {
+  return addJsonArray(key, std::move(child));
+}
+
 SdkError SeriObject::getSeriObject(const char* key, SeriObject& out) const {
   out.info_ = info_;
   return getJsonObject(key, out);

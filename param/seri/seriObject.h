@@ -34,6 +34,10 @@ class PARAM_API SeriObject : public utils::JsonObject {
 
   // Stores `child` under `key`; the child takes this node's info first.
   SdkError setSeriObject(const char* key, SeriObject&& child);
+  // As setSeriObject for a key this object does not have yet (see
+  // utils::JsonObject::add); addSeriArray likewise.
+  SdkError addSeriObject(const char* key, SeriObject&& child);
+  SdkError addSeriArray(const char* key, SeriArray&& child);
   // `out` takes this node's info, then becomes the object under `key`
   // (errc::keyMissing or errc::wrongType, content untouched, otherwise).
   [[nodiscard]] SdkError getSeriObject(const char* key, SeriObject& out) const;

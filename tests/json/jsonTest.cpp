@@ -346,3 +346,70 @@ TEST(Json, PrettyTextParsesToTheSameTree) {
             "  \"c\": {},\n  \"d\": []\n}");
   EXPECT_EQ(parsed(pretty).stringfy(), o.stringfy());
 }
+
+// A node that is only added to keeps its content as text until it is read; it
+// must write and read exactly what a tree does.
+TEST(Json, ObjectsBuiltByAddingBehaveAsTrees) {
+  const auto fill = [](JsonObject& o) {
+    o.set("neg0", -0.0f);
+    o.set("nan", std::nanf(""));
+    o.set("f", 0.1f);
+    o.set("d", 1e300);
+    o.set("u", std::numeric_limits<std::uint64_t>::max());
+    o.set("i", std::numeric_limits<std::int64_t>::min());
+    o.set("s", "q\" \\ \n \x01 \xc3\xa9");
+    JsonArray a(JsonSave::instance);
+    a.add(0.3f);
+    a.add("x");
+    JsonObject inner(JsonSave::instance);
+    inner.set("k", 1);
+    EXPECT_EQ(a.set(5, 1), errc::indexOutOfRange);
+    EXPECT_EQ(a.set(2, 7), 0u);  // at the end: appended
+    a.addJsonObject(std::move(inner));
+    o.setJsonArray("a", std::move(a));
+    // Large enough to be taken over in pieces rather than copied.
+    JsonObject big(JsonSave::instance);
+    for (int i = 0; i < 600; ++i)
+      big.add("key" + std::to_string(i), i * 0.5);
+    o.setJsonObject("big", std::move(big));
+    o.set("last", 1);
+    o.set("last", 2);  // the last member again: replaced in its place
+    o.set("f", 0.2f);  // an earlier one: replaced in its place too
+  };
+  JsonObject text(JsonSave::instance);
+  fill(text);
+  JsonObject tree = parsed("{}");
+  fill(tree);
+  const std::string expected = tree.stringfy();
+  EXPECT_EQ(text.size(), tree.size());
+  EXPECT_EQ(text.textPieces().joined(), expected);
+  EXPECT_EQ(text.stringfy(2), tree.stringfy(2));
+
+  JsonObject pending(JsonSave::instance);
+  fill(pending);
+  JsonObject copy = pending.clone();
+  copy.set("extra", true);
+  EXPECT_EQ(pending.stringfy(), expected);
+  JsonObject child(JsonSave::instance);
+  EXPECT_EQ(pending.takeJsonObject("none", child), errc::keyMissing);
+  float neg0 = 1, f = 0;
+  std::uint64_t u = 0;
+  std::string s;
+  EXPECT_EQ(pending.get("neg0", neg0), 0u);
+  EXPECT_TRUE(std::signbit(neg0));
+  EXPECT_EQ(pending.get("f", f), 0u);
+  EXPECT_EQ(f, 0.2f);
+  EXPECT_EQ(pending.get("u", u), 0u);
+  EXPECT_EQ(u, std::numeric_limits<std::uint64_t>::max());
+  EXPECT_EQ(pending.get("s", s), 0u);
+  EXPECT_EQ(s, "q\" \\ \n \x01 \xc3\xa9");
+  EXPECT_EQ(pending.stringfy(), expected);
+  EXPECT_EQ(copy.size(), tree.size() + 1);
+
+  // An array built by adding is cut and read like a tree.
+  JsonArray arr(JsonSave::instance);
+  for (int i = 0; i < 5; ++i)
+    arr.add(i);
+  arr.truncate(3);
+  EXPECT_EQ(arr.stringfy(), "[0,1,2]");
+}

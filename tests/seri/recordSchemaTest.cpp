@@ -51,6 +51,10 @@ TEST_F(RecordSchema, EveryRegisteredTypeDescribesExactlyTheKeysItSaves) {
     // same keys in the same order, and each default is what save wrote.
     SeriObject saved(JsonSave::instance);
     ASSERT_EQ(t.loadAndSave(testing_support::parsed("{}"), saved), 0u);
+    // A fresh object takes each key without a lookup: a key list that named a
+    // key twice would write it twice.
+    const std::size_t written = saved.size();
+    EXPECT_EQ(saved.keys().size(), written);
     const SeriObject properties = child(child(defs, std::string(t.name).c_str()), "properties");
     ASSERT_EQ(properties.keys(), saved.keys());
     for (const std::string& key : saved.keys()) {

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <new>
 
 namespace utils {
@@ -110,10 +111,12 @@ struct ExactNumberHandler {
 
 }  // namespace
 
-bj::value parseJson(std::string_view text, std::error_code& ec) {
+namespace {
+
+bj::value parseWithDepth(std::string_view text, std::size_t maxDepth, std::error_code& ec) {
   bj::parse_options options;
   options.allow_invalid_utf8 = true;
-  options.max_depth = 256;
+  options.max_depth = maxDepth;
   try {
     bj::basic_parser<ExactNumberHandler> parser(options);
     parser.reset();
@@ -137,12 +140,99 @@ bj::value parseJson(std::string_view text, std::error_code& ec) {
   }
 }
 
-namespace {
+}  // namespace
 
+bj::value parseJson(std::string_view text, std::error_code& ec) {
+  return parseWithDepth(text, 256, ec);
+}
+
+bj::value parseOwnJson(std::string_view text, std::error_code& ec) {
+  return parseWithDepth(text, std::numeric_limits<std::size_t>::max(), ec);
+}
+
+namespace {
 // Characters that a JSON string cannot hold as they are.
 constexpr bool needsEscape(unsigned char c) {
   return c < 0x20 || c == '"' || c == '\\';
 }
+
+// Keeps the sign of a negative zero, which "-0" would lose on reading.
+char* signedZero(char* p, char* end) {
+  if (end - p == 2 && p[0] == '-' && p[1] == '0') {
+    std::memcpy(p, "-0.0", 4);
+    return p + 4;
+  }
+  return end;
+}
+
+template <class T>
+char* putFloating(char* p, T d) {
+  // JSON has no token for NaN or an infinity: they are written as the strings
+  // that the typed readers take back, never as a bare token no parser reads.
+  if (std::isnan(d)) return putJsonString(p, "NaN");
+  if (std::isinf(d)) return putJsonString(p, d > 0 ? "Infinity" : "-Infinity");
+  return signedZero(p, std::to_chars(p, p + kMaxNumberText, d).ptr);
+}
+
+}  // namespace
+
+char* putJsonNumber(char* p, std::int64_t n) {
+  return std::to_chars(p, p + kMaxNumberText, n).ptr;
+}
+
+char* putJsonNumber(char* p, std::uint64_t n) {
+  return std::to_chars(p, p + kMaxNumberText, n).ptr;
+}
+
+char* putJsonNumber(char* p, double d) {
+  return putFloating(p, d);
+}
+
+char* putJsonNumber(char* p, float f) {
+  return putFloating(p, f);
+}
+
+char* putJsonString(char* p, std::string_view s) {
+  *p++ = '"';
+  for (unsigned char c : s) {
+    if (!needsEscape(c)) {
+      *p++ = static_cast<char>(c);
+      continue;
+    }
+    *p++ = '\\';
+    switch (c) {
+      case '"':
+      case '\\':
+        *p++ = static_cast<char>(c);
+        break;
+      case '\n':
+        *p++ = 'n';
+        break;
+      case '\r':
+        *p++ = 'r';
+        break;
+      case '\t':
+        *p++ = 't';
+        break;
+      case '\b':
+        *p++ = 'b';
+        break;
+      case '\f':
+        *p++ = 'f';
+        break;
+      default: {
+        static const char hex[] = "0123456789abcdef";
+        const char u[5] = {'u', '0', '0', hex[c >> 4], hex[c & 15]};
+        std::memcpy(p, u, 5);
+        p += 5;
+      }
+    }
+  }
+  *p++ = '"';
+  return p;
+}
+
+namespace {
 
 class Writer {
  public:
@@ -236,68 +326,14 @@ class Writer {
 
   template <class T>
   void number(T n) {
-    char* p = room(32);
-    auto res = std::to_chars(p, p + 32, n);
-    std::size_t len = static_cast<std::size_t>(res.ptr - p);
-    if constexpr (std::is_floating_point_v<T>) {
-      // Keep the sign of a negative zero, which "-0" would lose on reading.
-      if (len == 2 && p[0] == '-' && p[1] == '0') {
-        std::memcpy(p, "-0.0", 4);
-        len = 4;
-      }
-    }
-    n_ += len;
+    char* p = room(maxStringText(9));
+    n_ += static_cast<std::size_t>(putJsonNumber(p, n) - p);
   }
-
-  // JSON has no token for NaN or an infinity: they are written as the strings
-  // that the typed readers take back, never as a bare token no parser reads.
-  void real(double d) {
-    if (std::isnan(d)) return string("NaN");
-    if (std::isinf(d)) return string(d > 0 ? "Infinity" : "-Infinity");
-    number(d);
-  }
+  void real(double d) { number(d); }
 
   void string(bj::string_view s) {
-    // At most 6 characters per byte ("\u00XX"), plus the quotes.
-    char* p = room(s.size() * 6 + 2);
-    char* const start = p;
-    *p++ = '"';
-    for (unsigned char c : s) {
-      if (!needsEscape(c)) {
-        *p++ = static_cast<char>(c);
-        continue;
-      }
-      *p++ = '\\';
-      switch (c) {
-        case '"':
-        case '\\':
-          *p++ = static_cast<char>(c);
-          break;
-        case '\n':
-          *p++ = 'n';
-          break;
-        case '\r':
-          *p++ = 'r';
-          break;
-        case '\t':
-          *p++ = 't';
-          break;
-        case '\b':
-          *p++ = 'b';
-          break;
-        case '\f':
-          *p++ = 'f';
-          break;
-        default: {
-          static const char hex[] = "0123456789abcdef";
-          const char u[5] = {'u', '0', '0', hex[c >> 4], hex[c & 15]};
-          std::memcpy(p, u, 5);
-          p += 5;
-        }
-      }
-    }
-    *p++ = '"';
-    n_ += static_cast<std::size_t>(p - start);
+    char* p = room(maxStringText(s.size()));
+    n_ += static_cast<std::size_t>(putJsonString(p, std::string_view(s.data(), s.size())) - p);
   }
 
   int indent_;
