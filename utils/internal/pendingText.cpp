@@ -120,10 +120,7 @@ void PendingText::dropLast() {
   lastHash_ = 0;
 }
 
-char* PendingText::room(std::size_t bytes) {
-  if (!chunks_.empty() && chunks_.back().capacity - chunks_.back().used >= bytes) {
-    return chunks_.back().data.get() + chunks_.back().used;
-  }
+char* PendingText::newChunk(std::size_t bytes) {
   Chunk c;
   c.capacity = std::max(bytes, nextCapacity_);
   // Not value-initialised: every byte is written before it is counted.

@@ -71,7 +71,14 @@ class PendingText {
   };
 
   // Room for `bytes` more characters at the end of the last chunk.
-  char* room(std::size_t bytes);
+  char* room(std::size_t bytes) {
+    if (!chunks_.empty()) {
+      Chunk& c = chunks_.back();
+      if (c.capacity - c.used >= bytes) return c.data.get() + c.used;
+    }
+    return newChunk(bytes);
+  }
+  char* newChunk(std::size_t bytes);
   void wrote(char* end) {
     chunks_.back().used = static_cast<std::size_t>(end - chunks_.back().data.get());
   }
