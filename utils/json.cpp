@@ -118,6 +118,16 @@ bool parseNonFinite(const bj::value& v, double& out) {
   return true;
 }
 
+// Whether the zero-terminated `key` is `stored`, reading no byte of `key`
+// past its end.
+bool sameKey(bj::string_view stored, const char* key) {
+  std::size_t i = 0;
+  for (; i < stored.size(); ++i) {
+    if (key[i] != stored[i] || key[i] == '\0') return false;
+  }
+  return key[i] == '\0';
+}
+
 bool integralDouble(double d) {
   return std::isfinite(d) && std::trunc(d) == d;
 }
@@ -374,16 +384,14 @@ const void* JsonObject::find(const char* key) const {
 const void* JsonObject::find(const char* key, std::size_t& cursor) const {
   if (!node_ || key == nullptr) return nullptr;
   const bj::object& o = *as<const bj::object>(node_);
-  const std::size_t length = std::strlen(key);
   if (cursor < o.size()) {
     const bj::key_value_pair& expected = o.begin()[cursor];
-    const bj::string_view stored = expected.key();
-    if (stored.size() == length && std::memcmp(stored.data(), key, length) == 0) {
+    if (sameKey(expected.key(), key)) {
       ++cursor;
       return &expected.value();
     }
   }
-  const auto found = o.find(bj::string_view(key, length));
+  const auto found = o.find(key);
   if (found == o.end()) return nullptr;
   cursor = static_cast<std::size_t>(found - o.begin()) + 1;
   return &found->value();

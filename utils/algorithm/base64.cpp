@@ -1,6 +1,8 @@
 #include <utils/algorithm/base64.h>
 
 #include <array>
+#include <bit>
+#include <cstring>
 #include <cstdint>
 
 #include <utils/algorithm/codec.h>
@@ -37,6 +39,12 @@ constexpr DecodeTables makeDecodeTables() {
 }
 
 constexpr DecodeTables kDecode = makeDecodeTables();
+
+inline std::uint64_t byteSwap(std::uint64_t v) {
+  v = ((v & 0x00ff00ff00ff00ffull) << 8) | ((v >> 8) & 0x00ff00ff00ff00ffull);
+  v = ((v & 0x0000ffff0000ffffull) << 16) | ((v >> 16) & 0x0000ffff0000ffffull);
+  return (v << 32) | (v >> 32);
+}
 
 inline std::uint32_t quad(const unsigned char* s) {
   return kDecode.at[0][s[0]] | kDecode.at[1][s[1]] | kDecode.at[2][s[2]] | kDecode.at[3][s[3]];
@@ -110,7 +118,18 @@ SdkError decodeTo(const void* text, std::size_t count, bool last, void* out) {
   // Only the text's last quad is decoded apart; before it a '=' is a foreign byte.
   const unsigned char* end = in + count - (last ? 4 : 0);
   std::uint32_t seen = 0;
-  for (const unsigned char* s = in; s != end; s += 4, o += 3) {
+  const unsigned char* s = in;
+  // Two quads at a time into one 8-byte store while a third quad follows,
+  // which writes over the store's last two bytes.
+  for (; end - s >= 12; s += 8, o += 6) {
+    const std::uint32_t a = quad(s);
+    const std::uint32_t b = quad(s + 4);
+    seen |= a | b;
+    std::uint64_t six = ((std::uint64_t(a) << 24) | b) << 16;  // the 6 bytes, first byte on top
+    if constexpr (std::endian::native == std::endian::little) six = byteSwap(six);
+    std::memcpy(o, &six, 8);
+  }
+  for (; s != end; s += 4, o += 3) {
     const std::uint32_t group = quad(s);
     seen |= group;
     o[0] = static_cast<unsigned char>(group >> 16);
