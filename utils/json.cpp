@@ -17,9 +17,9 @@ namespace utils {
 namespace bj = boost::json;
 
 const JsonLoad JsonLoad::instance{};
+const JsonSave JsonSave::instance{};
 
 JsonTextSource::~JsonTextSource() = default;
-const JsonSave JsonSave::instance{};
 
 namespace {
 
@@ -140,7 +140,7 @@ bool integralDouble(double d) {
 struct ParsedTree {
   explicit ParsedTree(std::size_t textSize) : arena(firstBlock(textSize)) {}
 
-  // A parsed tree takes about twice its text.
+  // A parsed tree takes two to three times its text.
   static std::size_t firstBlock(std::size_t textSize) {
     constexpr std::size_t kMin = 4096;
     constexpr std::size_t kMax = std::size_t(1) << 30;

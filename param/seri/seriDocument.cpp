@@ -223,10 +223,14 @@ SdkError SeriDocument::readFromFile(const utils::path& file) {
     FilePayload payload(in, kHeaderSize);
     PayloadText text(payload, option);
     e = parser(text);
+  } else if (e == 0 && option.encoding() != SeriOption::Aes) {
+    e = errc::badFormat;
   } else if (e == 0) {
+    // A payload whose size alone is refused is not read.
+    const auto size = static_cast<std::size_t>(in.size() - kHeaderSize);
+    e = alg::aes::checkPayloadSize(kAesTable[option.aesAlgorithm()], size);
     std::string text;
-    {
-      const auto size = static_cast<std::size_t>(in.size() - kHeaderSize);
+    if (e == 0) {
       const std::unique_ptr<std::uint8_t[]> bytes(new std::uint8_t[size]);
       e = in.read(kHeaderSize, bytes.get(), size);
       if (e == 0) e = decode(bytes.get(), size, option, text);

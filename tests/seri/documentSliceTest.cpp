@@ -149,6 +149,8 @@ TEST(DocumentSlices, DamagedPayloadsKeepTheirCodes) {
       damaged.push_back(image);
       damaged.back()[at] = '=';
     }
+    damaged.push_back(image);
+    damaged.back()[0] = 7;  // an unknown encoding
     damaged.push_back(image + "A");
     damaged.push_back(image + "AAAA");
     damaged.push_back(image + image.substr(8));
@@ -171,6 +173,8 @@ TEST(DocumentSlices, DamagedPayloadsKeepTheirCodes) {
     SeriDocument limited(JsonLoad::instance);
     EXPECT_EQ(limited.readFromMemory(image.data(), image.size()), wholeReadCode(image));
     EXPECT_EQ(wholeReadCode(image), utils::errc::payloadTooLarge);
+    writeFile(file, image);
+    EXPECT_EQ(limited.readFromFile(file), utils::errc::payloadTooLarge);
     utils::algorithm::setDecodeLimit(limit);
   }
 }
