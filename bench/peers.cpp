@@ -4,6 +4,7 @@
 //
 //   read/<encoding>/<who>   file -> decoded text -> parsed -> PenArray and LmcParam
 //   write/<encoding>/<who>  PenArray and LmcParam -> JSON text -> encoded -> durable file
+//   bare/xz-decode          the LZMA payload decoded by liblzma alone, in memory
 //
 // <who> is param (the library), nlohmann (nlohmann-json), rapidjson and
 // simdjson (reading only); see support/peers.h for what the hand-written code
@@ -29,7 +30,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
+
+#include <utils/algorithm/lzma.h>
 
 #include "support/contenders.h"
 #include "support/libraryJob.h"
@@ -85,6 +90,28 @@ void writeJob(benchmark::State& state, const peers::Contender* who, int encoding
   state.SetBytesProcessed(state.iterations() * textBytes());
 }
 
+// The LZMA payload of the document decoded by the bare codec, in memory: what
+// an LZMA read costs beyond a base64 one is measured against it.
+void bareXzDecode(benchmark::State& state) {
+  const std::string file = benchFile("xz");
+  std::string payload;
+  const bool written = peers::libraryWrite(sample(), file, peers::encodingOption(2));
+  std::ifstream in(file, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::remove(file.c_str());
+  if (!written || bytes.size() < 8) {
+    state.SkipWithError("cannot write the document");
+    return;
+  }
+  payload = bytes.substr(8);
+  std::string text;
+  for (auto _ : state) {
+    if (utils::algorithm::lzma::decompress(payload.data(), payload.size(), text) != 0)
+      state.SkipWithError("decode failed");
+  }
+  state.SetBytesProcessed(state.iterations() * textBytes());
+}
+
 double fastest(const std::vector<double>& v) {
   return *std::min_element(v.begin(), v.end());
 }
@@ -96,6 +123,12 @@ void registerBenchmarks() {
     const std::string suffix = std::string("/") + peers::kEncodingNames[encoding] + "/";
     for (const peers::Contender& c : peers::contenders()) {
       benchmark::RegisterBenchmark(("read" + suffix + c.name).c_str(), readJob, &c, encoding)
+          ->UseRealTime()
+          ->ComputeStatistics("min", fastest)
+          ->Unit(benchmark::kMillisecond);
+    }
+    if (encoding == 2) {
+      benchmark::RegisterBenchmark(peers::kBareXzName, bareXzDecode)
           ->UseRealTime()
           ->ComputeStatistics("min", fastest)
           ->Unit(benchmark::kMillisecond);

@@ -2,10 +2,12 @@
 
 #include <boost/json.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <type_traits>
 
@@ -19,6 +21,8 @@ namespace bj = boost::json;
 const JsonLoad JsonLoad::instance{};
 const JsonSave JsonSave::instance{};
 
+JsonTextSource::~JsonTextSource() = default;
+
 namespace {
 
 const bj::value& asValue(const void* node) {
@@ -30,14 +34,22 @@ T* as(const std::shared_ptr<void>& node) {
   return static_cast<T*>(node.get());
 }
 
+// Whether `c` lives in the arena of a parsed tree (see ParsedTree): only the
+// arena's storage frees nothing on deallocation.
+template <class T>
+bool inArena(const T& c) {
+  return c.storage().is_deallocate_trivial();
+}
+
 // The node's container, made exclusive first: a fresh one when there is none,
-// a private copy when the storage is shared with another node.
+// a private copy in ordinary memory when the storage is shared with another
+// node or is a parse arena, which is never edited in place.
 template <class T>
 T& exclusive(std::shared_ptr<void>& node) {
   if (!node) {
     node = std::make_shared<T>();
-  } else if (node.use_count() > 1) {
-    node = std::make_shared<T>(*as<const T>(node));
+  } else if (node.use_count() > 1 || inArena(*as<const T>(node))) {
+    node = std::make_shared<T>(*as<const T>(node), bj::storage_ptr());
   }
   return *as<T>(node);
 }
@@ -108,25 +120,68 @@ bool parseNonFinite(const bj::value& v, double& out) {
   return true;
 }
 
+// Whether the zero-terminated `key` is `stored`, reading no byte of `key`
+// past its end.
+bool sameKey(bj::string_view stored, const char* key) {
+  std::size_t i = 0;
+  for (; i < stored.size(); ++i) {
+    if (key[i] != stored[i] || key[i] == '\0') return false;
+  }
+  return key[i] == '\0';
+}
+
 bool integralDouble(double d) {
   return std::isfinite(d) && std::trunc(d) == d;
 }
 
-template <class Container>
+// A parsed tree with the arena its containers and strings were allocated from.
+// Parsing one allocation after another from a single block is about twice as
+// fast as a heap allocation per container, and dropping the tree frees the
+// blocks without visiting its nodes. Pages of a block the tree has not reached
+// are never touched, so sizing the first block generously costs no memory.
+struct ParsedTree {
+  explicit ParsedTree(std::size_t textSize) : arena(firstBlock(textSize)) {}
+
+  // A parsed tree takes two to three times its text.
+  static std::size_t firstBlock(std::size_t textSize) {
+    constexpr std::size_t kMin = 4096;
+    constexpr std::size_t kMax = std::size_t(1) << 30;
+    return std::clamp(textSize * 2, kMin, kMax);
+  }
+
+  bj::monotonic_resource arena;
+  // Move-constructed from the parse (an assignment would copy the tree into
+  // the target's storage); destroyed before the arena.
+  std::optional<bj::value> root;
+};
+
+// Parses what `parse(storage)` returns, a value or an error in `ec`, into a
+// ParsedTree of its own, and points `node` at its root when it is of kind
+// `wanted`.
+template <class Parse>
+SdkError parseTree(std::size_t textSize, std::shared_ptr<void>& node, bj::kind wanted,
+                   Parse&& parse) {
+  auto tree = std::make_shared<ParsedTree>(textSize);
+  std::error_code ec;
+  bj::value& root = tree->root.emplace(parse(bj::storage_ptr(&tree->arena), ec));
+  if (ec == std::errc::result_out_of_range) return errc::outOfRange;
+  if (ec) return errc::parseError;
+  if (root.kind() != wanted) return errc::wrongType;
+  if (wanted == bj::kind::object) {
+    node = std::shared_ptr<void>(tree, &root.get_object());
+  } else {
+    node = std::shared_ptr<void>(tree, &root.get_array());
+  }
+  return 0;
+}
+
 SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& node,
                    bj::kind wanted) {
   if (text == nullptr && length != 0) return errc::parseError;
-  std::error_code ec;
-  bj::value v = parseJson(std::string_view(text ? text : "", length), ec);
-  if (ec == std::errc::result_out_of_range) return errc::outOfRange;
-  if (ec) return errc::parseError;
-  if (v.kind() != wanted) return errc::wrongType;
-  if constexpr (std::is_same_v<Container, bj::object>) {
-    node = std::make_shared<bj::object>(std::move(v.get_object()));
-  } else {
-    node = std::make_shared<bj::array>(std::move(v.get_array()));
-  }
-  return 0;
+  const std::string_view all(text ? text : "", length);
+  return parseTree(length, node, wanted, [all](bj::storage_ptr storage, std::error_code& ec) {
+    return parseJson(all, ec, std::move(storage));
+  });
 }
 
 // The JSON text of any value.
@@ -349,7 +404,9 @@ JsonObject::~JsonObject() = default;
 
 JsonObject JsonObject::clone() const {
   JsonObject copy(JsonSave::instance);
-  if (node_) copy.node_ = std::make_shared<bj::object>(*as<const bj::object>(node_));
+  if (node_) {
+    copy.node_ = std::make_shared<bj::object>(*as<const bj::object>(node_), bj::storage_ptr());
+  }
   if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
   return copy;
 }
@@ -432,6 +489,46 @@ const void* JsonObject::find(const char* key) const {
   settle();
   if (!node_ || key == nullptr) return nullptr;
   return as<const bj::object>(node_)->if_contains(key);
+}
+
+const void* JsonObject::find(const char* key, std::size_t& cursor) const {
+  settle();
+  if (!node_ || key == nullptr) return nullptr;
+  const bj::object& o = *as<const bj::object>(node_);
+  if (cursor < o.size()) {
+    const bj::key_value_pair& expected = o.begin()[cursor];
+    if (sameKey(expected.key(), key)) {
+      ++cursor;
+      return &expected.value();
+    }
+  }
+  const auto found = o.find(key);
+  if (found == o.end()) return nullptr;
+  cursor = static_cast<std::size_t>(found - o.begin()) + 1;
+  return &found->value();
+}
+
+SdkError JsonObject::get(const char* key, std::string& out, std::size_t& cursor) const {
+  const void* v = find(key, cursor);
+  return v ? detail::toString(v, out) : errc::keyMissing;
+}
+
+SdkError JsonObject::getJsonObject(const char* key, JsonObject& out, std::size_t& cursor) const {
+  const void* v = find(key, cursor);
+  if (v == nullptr) return errc::keyMissing;
+  const bj::object* o = asValue(v).if_object();
+  if (o == nullptr) return errc::wrongType;
+  view(node_, *o, out.node_);
+  return 0;
+}
+
+SdkError JsonObject::getJsonArray(const char* key, JsonArray& out, std::size_t& cursor) const {
+  const void* v = find(key, cursor);
+  if (v == nullptr) return errc::keyMissing;
+  const bj::array* a = asValue(v).if_array();
+  if (a == nullptr) return errc::wrongType;
+  view(node_, *a, out.node_);
+  return 0;
 }
 
 SdkError JsonObject::get(const char* key, std::string& out) const {
@@ -590,7 +687,27 @@ std::string JsonTextPieces::joined() const {
 }
 
 SdkError JsonObject::parser(const char* text, std::size_t length) {
-  const SdkError e = parseInto<bj::object>(text, length, node_, bj::kind::object);
+  const SdkError e = parseInto(text, length, node_, bj::kind::object);
+  if (e == 0) text_.reset();
+  return e;
+}
+
+SdkError JsonObject::parser(JsonTextSource& source) {
+  SdkError drawn = 0;  // the source's code, which comes before a parse error
+  const SdkError parsed =
+      parseTree(source.sizeHint(), node_, bj::kind::object,
+                [&source, &drawn](bj::storage_ptr storage, std::error_code& ec) -> bj::value {
+                  JsonTextParser parser(std::move(storage));
+                  bool good = true;
+                  const char* data = nullptr;
+                  std::size_t size = 0;
+                  while ((drawn = source.next(data, size)) == 0 && size != 0) {
+                    if (good) good = parser.write(data, size, ec);
+                  }
+                  if (drawn != 0 || !good) return nullptr;
+                  return parser.finish(ec);
+                });
+  const SdkError e = drawn != 0 ? drawn : parsed;
   if (e == 0) text_.reset();
   return e;
 }
@@ -605,7 +722,9 @@ JsonArray::~JsonArray() = default;
 
 JsonArray JsonArray::clone() const {
   JsonArray copy(JsonSave::instance);
-  if (node_) copy.node_ = std::make_shared<bj::array>(*as<const bj::array>(node_));
+  if (node_) {
+    copy.node_ = std::make_shared<bj::array>(*as<const bj::array>(node_), bj::storage_ptr());
+  }
   if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
   return copy;
 }
@@ -787,7 +906,7 @@ std::string JsonArray::stringfy(int indent) const {
 }
 
 SdkError JsonArray::parser(const char* text, std::size_t length) {
-  const SdkError e = parseInto<bj::array>(text, length, node_, bj::kind::array);
+  const SdkError e = parseInto(text, length, node_, bj::kind::array);
   if (e == 0) text_.reset();
   return e;
 }

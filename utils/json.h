@@ -118,6 +118,18 @@ struct UTILS_API JsonTextPieces {
   std::string joined() const;
 };
 
+// A producer of JSON text in pieces, for JsonObject::parser(JsonTextSource&).
+class UTILS_API JsonTextSource {
+ public:
+  virtual ~JsonTextSource();
+  // Points `data` at the next piece of text, which stays valid until the next
+  // call; `size` 0 when there is no more. A code other than 0 ends the parse
+  // with that code.
+  virtual SdkError next(const char*& data, std::size_t& size) = 0;
+  // About how many characters the whole text holds; 0 when unknown.
+  virtual std::size_t sizeHint() const { return 0; }
+};
+
 // A JSON object: a value type with typed get and set of its members.
 //
 // Reading never deep-copies: a child fetched with getJsonObject or getJsonArray
@@ -142,6 +154,13 @@ struct UTILS_API JsonTextPieces {
 // text, which gives exactly the values that were set. Because that first read
 // changes the node, a node built this way and not yet read must not be read
 // from two threads at once; a parsed or already read tree may.
+//
+// A tree made by parser is read in place from one block of memory, released
+// with the last node that sees any part of it. Such a tree is never edited in
+// place: the first write to one of its nodes copies that node's subtree to
+// ordinary memory, as for a shared node. Editing a parsed document therefore
+// costs one copy of the edited node (the whole tree for the document itself),
+// and later edits of the copy cost what edits of a built tree cost.
 class UTILS_API JsonObject {
  public:
   explicit JsonObject(JsonLoad);
@@ -163,6 +182,20 @@ class UTILS_API JsonObject {
     return detail::readScalar(find(key), errc::keyMissing, out);
   }
   SdkError get(const char* key, std::string& out) const;
+
+  // The same lookups for a reader that asks for the keys in about the order
+  // they are stored (a record loading what it saved). `cursor` is the position
+  // where the next key is expected, 0 to begin with: a key found there costs
+  // one comparison instead of a search, and the cursor moves past the member
+  // found. A key stored elsewhere is found as usual and the cursor moves past
+  // it; a missing key leaves the cursor where it was.
+  template <JsonScalar T>
+  SdkError get(const char* key, T& out, std::size_t& cursor) const {
+    return detail::readScalar(find(key, cursor), errc::keyMissing, out);
+  }
+  SdkError get(const char* key, std::string& out, std::size_t& cursor) const;
+  [[nodiscard]] SdkError getJsonObject(const char* key, JsonObject& out, std::size_t& cursor) const;
+  [[nodiscard]] SdkError getJsonArray(const char* key, JsonArray& out, std::size_t& cursor) const;
 
   template <JsonScalar T>
   SdkError set(const char* key, const T& in) {
@@ -232,6 +265,11 @@ class UTILS_API JsonObject {
   // beyond the range of a double, errc::wrongType for JSON that is not an
   // object; the content is unchanged then.
   [[nodiscard]] SdkError parser(const char* text, std::size_t length);
+  // The same for text that `source` hands over in pieces, so that the whole
+  // text need never be in memory. A code from the source ends the parse with
+  // that code. The source's codes come first: after bad text the rest is
+  // still drawn from the source, and a code it gives then is returned.
+  [[nodiscard]] SdkError parser(JsonTextSource& source);
 
  protected:
   // setJsonObject for bookkeeping members that a const operation maintains (a
@@ -241,6 +279,7 @@ class UTILS_API JsonObject {
  private:
   friend class JsonArray;
   const void* find(const char* key) const;  // boost::json::value*, or null
+  const void* find(const char* key, std::size_t& cursor) const;
   SdkError setScalar(const char* key, const detail::ScalarValue& value);
   SdkError addScalar(std::string_view key, const detail::ScalarValue& value);
   // The text to add the member `key` to, begun; null when the object is a tree.

@@ -27,4 +27,7 @@ inline param::SeriOption encodingOption(int encoding) {
   return param::SeriOption(static_cast<param::SeriOption::Encoding>(encoding), 0, 0);
 }
 
+// The bare codec an LZMA read is compared with (liblzma decoding the payload).
+inline constexpr const char* kBareXzName = "bare/xz-decode";
+
 }  // namespace peers

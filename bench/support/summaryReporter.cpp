@@ -63,6 +63,14 @@ void SummaryReporter::printSummary() const {
     }
     std::printf("\n");
   }
+  const double lzma = seconds("read/lzma/param");
+  const double base64 = seconds("read/base64/param");
+  const double xz = seconds(kBareXzName);
+  if (lzma >= 0 && base64 >= 0 && xz >= 0) {
+    std::printf(
+        "\nread/lzma ÷ (bare xz decode + read/base64): %.2f ms ÷ (%.2f ms + %.2f ms) = %.2f\n",
+        lzma * 1e3, xz * 1e3, base64 * 1e3, lzma / (xz + base64));
+  }
   std::fflush(stdout);
 }
 

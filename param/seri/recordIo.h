@@ -69,17 +69,24 @@ namespace param {
 
 // ---- Where a value is read from and written to ----
 
-// The member `key` of an object.
+// The member `key` of an object. A walker that reads an object's keys in turn
+// passes `cursor`, the position at which the key is expected (see the lookups
+// with a cursor in utils::JsonObject).
 struct KeySource {
   const SeriObject& obj;
   const char* key;
+  std::size_t* cursor = nullptr;
 
   template <class T>
   SdkError get(T& value) const {
-    return obj.get(key, value);
+    return cursor ? obj.get(key, value, *cursor) : obj.get(key, value);
   }
-  SdkError getObject(SeriObject& out) const { return obj.getSeriObject(key, out); }
-  SdkError getArray(SeriArray& out) const { return obj.getSeriArray(key, out); }
+  SdkError getObject(SeriObject& out) const {
+    return cursor ? obj.getSeriObject(key, out, *cursor) : obj.getSeriObject(key, out);
+  }
+  SdkError getArray(SeriArray& out) const {
+    return cursor ? obj.getSeriArray(key, out, *cursor) : obj.getSeriArray(key, out);
+  }
   // The JSON text stored there, for reports; empty when missing.
   std::string text() const { return obj.memberText(key); }
 };
@@ -435,7 +442,7 @@ class RecordLoader {
     if (result_ == 0) {
       using V = std::remove_cvref_t<T>;
       utils::KeyPath::Scope at(path_, key);
-      const KeySource src{obj_, key};
+      const KeySource src{obj_, key, &cursor_};
       if (SdkError e = FieldIo<V>::read(src, member)) result_ = keyFailed(e, src, member);
     }
     return *this;
@@ -456,7 +463,7 @@ class RecordLoader {
     if (result_ != 0) return *this;
     utils::KeyPath::Scope at(path_, key);
     SeriArray arr(utils::JsonLoad::instance);
-    const KeySource src{obj_, key};
+    const KeySource src{obj_, key, &cursor_};
     if (SdkError e = src.getArray(arr)) {
       result_ = keyFailed(e, src, list);
     } else if (SdkError e = FieldIo<std::vector<T, A>>::readElements(arr, list)) {
@@ -483,6 +490,7 @@ class RecordLoader {
 
   const SeriObject& obj_;
   utils::KeyPath& path_;
+  std::size_t cursor_ = 0;  // where the next key is expected: keys load in the order saved
   SdkError result_ = 0;
 };
 

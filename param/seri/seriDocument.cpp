@@ -12,11 +12,12 @@
 #include <utils/algorithm/xor.h>
 #include <utils/atomicFile.h>
 #include <utils/fileError.h>
+#include <utils/inFile.h>
 #include <utils/logger.h>
-#include <utils/mmfile.h>
 
 #include <param/errors.h>
 #include <param/seri/internal/documentKeys.h>
+#include <param/seri/internal/payloadText.h>
 
 namespace param {
 
@@ -219,8 +220,7 @@ SdkError SeriDocument::writeToFile(const utils::path& file, SeriOption option) c
 
 SdkError SeriDocument::readFromFile(const utils::path& file) {
   utils::clearFileFailure();
-  const utils::ro_mmfile in(file, utils::ro_mmfile::all, 0,
-                            utils::mmflags::sequential | utils::mmflags::populate);
+  const utils::InFile in(file);
   if (!in.is_open()) {
     logFailure("open document", file, errc::mapFailed);
     return errc::mapFailed;
@@ -229,12 +229,28 @@ SdkError SeriDocument::readFromFile(const utils::path& file) {
     logFailure("read document", file, utils::errc::fileTooShort);
     return utils::errc::fileTooShort;
   }
-  const SeriOption option(loadWord(in.data()));
+  std::uint8_t header[kHeaderSize];
+  SdkError e = in.read(0, header, kHeaderSize);
+  const SeriOption option(loadWord(header));
 
-  SdkError e = 0;
-  {
+  // Base64, XOR and LZMA are read, decoded and parsed a slice at a time; an
+  // AES payload is decrypted whole, and dropped before its text is parsed.
+  if (e == 0 && PayloadText::handles(option)) {
+    FilePayload payload(in, kHeaderSize);
+    PayloadText text(payload, option);
+    e = parser(text);
+  } else if (e == 0 && option.encoding() != SeriOption::Aes) {
+    e = errc::badFormat;
+  } else if (e == 0) {
+    // A payload whose size alone is refused is not read.
+    const auto size = static_cast<std::size_t>(in.size() - kHeaderSize);
+    e = alg::aes::checkPayloadSize(kAesTable[option.aesAlgorithm()], size);
     std::string text;
-    e = decode(in.data() + kHeaderSize, in.size() - kHeaderSize, option, text);
+    if (e == 0) {
+      const std::unique_ptr<std::uint8_t[]> bytes(new std::uint8_t[size]);
+      e = in.read(kHeaderSize, bytes.get(), size);
+      if (e == 0) e = decode(bytes.get(), size, option, text);
+    }
     if (e == 0) e = parser(text.data(), text.size());
   }
   if (e == 0) {
@@ -254,8 +270,13 @@ SdkError SeriDocument::decodeFromMemory(const void* bytes, std::size_t size, std
 }
 
 SdkError SeriDocument::readFromMemory(const void* bytes, std::size_t size) {
+  const auto* in = static_cast<const std::uint8_t*>(bytes);
   SdkError e = 0;
-  {
+  if (size >= kHeaderSize && PayloadText::handles(SeriOption(loadWord(in)))) {
+    MemoryPayload payload(in + kHeaderSize, size - kHeaderSize);
+    PayloadText text(payload, SeriOption(loadWord(in)));
+    e = parser(text);
+  } else {
     std::string text;
     e = decodeFromMemory(bytes, size, text);
     if (e == 0) e = parser(text.data(), text.size());

@@ -39,6 +39,16 @@ SdkError SeriObject::getSeriArray(const char* key, SeriArray& out) const {
   return getJsonArray(key, out);
 }
 
+SdkError SeriObject::getSeriObject(const char* key, SeriObject& out, std::size_t& cursor) const {
+  out.info_ = info_;
+  return getJsonObject(key, out, cursor);
+}
+
+SdkError SeriObject::getSeriArray(const char* key, SeriArray& out, std::size_t& cursor) const {
+  out.info_ = info_;
+  return getJsonArray(key, out, cursor);
+}
+
 SdkError SeriObject::takeSeriObject(const char* key, SeriObject& out) {
   out.info_ = info_;
   return takeJsonObject(key, out);

@@ -44,6 +44,10 @@ class PARAM_API SeriObject : public utils::JsonObject {
   // Stores `child` under `key`; the child's own info is left as it is.
   SdkError setSeriArray(const char* key, SeriArray&& child);
   [[nodiscard]] SdkError getSeriArray(const char* key, SeriArray& out) const;
+  // The same, looking at the expected position `cursor` first (see the
+  // lookups with a cursor in utils::JsonObject).
+  [[nodiscard]] SdkError getSeriObject(const char* key, SeriObject& out, std::size_t& cursor) const;
+  [[nodiscard]] SdkError getSeriArray(const char* key, SeriArray& out, std::size_t& cursor) const;
   // `out` takes this node's info, then the object or array under `key` is moved
   // into it for editing in place (see utils::JsonObject::takeJsonObject); store
   // it back with setSeriObject or setSeriArray.

@@ -161,3 +161,74 @@ TEST(Codecs, StandardToolsReadWhatTheyWrite) {
     EXPECT_EQ(readFile(out), plain) << run;
   }
 }
+
+namespace {
+
+// Base64 decoded in slices of `slice` characters (a multiple of 4).
+Result base64InSlices(const S& in, std::size_t slice) {
+  S out;
+  for (std::size_t at = 0; at < in.size(); at += slice) {
+    const std::size_t n = std::min(slice, in.size() - at);
+    const bool last = at + n == in.size();
+    S part(alg::base64::decodedSize(in.data() + at, n), '\0');
+    if (utils::SdkError e = alg::base64::decodeTo(in.data() + at, n, last, part.data())) {
+      return {e, ""};
+    }
+    out += part;
+  }
+  return {0, out};
+}
+
+// An xz stream fed `in` bytes at a time and drained `outSize` bytes at a time.
+Result xzInSlices(const S& stream, std::size_t in, std::size_t outSize) {
+  alg::lzma::Decompressor d;
+  S out, buffer(outSize, '\0');
+  std::size_t at = 0;
+  while (!d.finished()) {
+    if (d.wantsInput()) {
+      const std::size_t n = std::min(in, stream.size() - at);
+      d.feed(stream.data() + at, n, at + n == stream.size());
+      at += n;
+    }
+    std::size_t produced = 0;
+    if (utils::SdkError e = d.drain(buffer.data(), buffer.size(), produced)) return {e, ""};
+    out.append(buffer, 0, produced);
+  }
+  return {0, out};
+}
+
+}  // namespace
+
+// Slice by slice, the decoders give the bytes and the codes of decoding at once.
+TEST(Codecs, SliceDecodersMatchWholeDecoding) {
+  S text;
+  for (int i = 0; i < 3000; ++i)
+    text += static_cast<char>((i * 7919) % 251);
+  const S b64 = encode(kBase64, text);
+  const S xz = encode(kXz, text);
+  for (std::size_t slice : {4, 8, 12, 400, 4096}) {
+    EXPECT_EQ(base64InSlices(b64, slice), Result(0, text)) << slice;
+    EXPECT_EQ(base64InSlices(b64 + "A===", slice).first, errc::badBase64);
+    EXPECT_EQ(base64InSlices("QQ==" + b64, slice).first, errc::badBase64);  // padding inside
+  }
+  EXPECT_EQ(base64InSlices("QQ==", 4), Result(0, "A"));
+
+  for (std::size_t in : {1, 7, 1000, 100000}) {
+    for (std::size_t out : {1, 13, 4096}) {
+      EXPECT_EQ(xzInSlices(xz, in, out), Result(0, text)) << in << " " << out;
+    }
+    EXPECT_EQ(xzInSlices(xz.substr(0, xz.size() - 1), in, 64).first, errc::corruptLzma);
+    EXPECT_EQ(xzInSlices(xz.substr(0, xz.size() / 2), in, 64).first, errc::corruptLzma);
+    EXPECT_EQ(xzInSlices(xz + "x", in, 64).first, errc::corruptLzma);
+    EXPECT_EQ(xzInSlices(xz + xz, in, 64).first, errc::corruptLzma);
+    S damaged = xz;
+    damaged[xz.size() / 2] ^= 0x20;
+    EXPECT_EQ(xzInSlices(damaged, in, 64).first, decode(kXz, damaged).first);
+  }
+  const std::size_t limit = alg::decodeLimit();
+  alg::setDecodeLimit(text.size() - 1);
+  EXPECT_EQ(xzInSlices(xz, 100, 100).first, errc::payloadTooLarge);
+  alg::setDecodeLimit(text.size());
+  EXPECT_EQ(xzInSlices(xz, 100, 100), Result(0, text));
+  alg::setDecodeLimit(limit);
+}

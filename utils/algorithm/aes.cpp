@@ -113,13 +113,13 @@ SdkError encryptInto(AESAlgorithm algorithm, const std::uint8_t* in, std::size_t
   return errc::ok;
 }
 
-SdkError decryptInto(AESAlgorithm algorithm, const std::uint8_t* in, std::size_t count,
-                     const std::uint8_t* key, std::string& out) {
-  const EVP_CIPHER* cipher = cipherOf(algorithm);
-  if (cipher == nullptr) return errc::aesBadInput;
+}  // namespace
+
+SdkError checkPayloadSize(AESAlgorithm algorithm, std::size_t count) {
+  if (cipherOf(algorithm) == nullptr) return errc::aesBadInput;
   const std::size_t ivLength = ivLengthOf(algorithm);
   const std::size_t tagLength = tagLengthOf(algorithm);
-  if (in == nullptr || count < ivLength + tagLength) return errc::aesBadInput;
+  if (count < ivLength + tagLength) return errc::aesBadInput;
   const std::size_t body = count - ivLength - tagLength;
   if (algorithm == AESAlgorithm::CBC && (body == 0 || body % kBlock != 0)) {
     return errc::aesBadInput;
@@ -127,7 +127,19 @@ SdkError decryptInto(AESAlgorithm algorithm, const std::uint8_t* in, std::size_t
   // CBC plaintext is body - 16 to body - 1 bytes; the exact size is checked
   // again once the padding is known.
   const std::size_t smallest = algorithm == AESAlgorithm::CBC ? body - kBlock : body;
-  if (smallest > decodeLimit()) return errc::payloadTooLarge;
+  return smallest > decodeLimit() ? errc::payloadTooLarge : errc::ok;
+}
+
+namespace {
+
+SdkError decryptInto(AESAlgorithm algorithm, const std::uint8_t* in, std::size_t count,
+                     const std::uint8_t* key, std::string& out) {
+  if (in == nullptr) return errc::aesBadInput;
+  if (SdkError e = checkPayloadSize(algorithm, count)) return e;
+  const EVP_CIPHER* cipher = cipherOf(algorithm);
+  const std::size_t ivLength = ivLengthOf(algorithm);
+  const std::size_t tagLength = tagLengthOf(algorithm);
+  const std::size_t body = count - ivLength - tagLength;
 
   const std::uint8_t* iv = in;
   const std::uint8_t* cipherText = in + ivLength;

@@ -35,6 +35,11 @@ inline constexpr std::size_t keyLength = 16;
 // CBC ciphertext that is not a positive multiple of 16 bytes), and
 // errc::payloadTooLarge beyond the decode limit. On any error `out` is empty:
 // no unauthenticated plaintext is handed out.
+// The code decrypt gives for a payload of `count` bytes before reading any of
+// them (too short for its IV or tag, CBC not in whole blocks, beyond the
+// decode limit); 0 when its size is acceptable.
+[[nodiscard]] UTILS_API SdkError checkPayloadSize(AESAlgorithm algorithm, std::size_t count);
+
 [[nodiscard]] UTILS_API SdkError decrypt(AESAlgorithm algorithm, const void* bytes,
                                          std::size_t count, const std::uint8_t* key,
                                          std::size_t keyLength, std::string& out);

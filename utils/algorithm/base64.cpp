@@ -1,6 +1,7 @@
 #include <utils/algorithm/base64.h>
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -52,6 +53,12 @@ constexpr PairTable makePairTable() {
 }
 
 constexpr PairTable kPairs = makePairTable();
+
+inline std::uint64_t byteSwap(std::uint64_t v) {
+  v = ((v & 0x00ff00ff00ff00ffull) << 8) | ((v >> 8) & 0x00ff00ff00ff00ffull);
+  v = ((v & 0x0000ffff0000ffffull) << 16) | ((v >> 16) & 0x0000ffff0000ffffull);
+  return (v << 32) | (v >> 32);
+}
 
 inline std::uint32_t quad(const unsigned char* s) {
   return kDecode.at[0][s[0]] | kDecode.at[1][s[1]] | kDecode.at[2][s[2]] | kDecode.at[3][s[3]];
@@ -108,44 +115,72 @@ void encode(const void* bytes, std::size_t count, std::string& out) {
 
 namespace {
 
+std::size_t padding(const unsigned char* lastQuad) {
+  if (lastQuad[3] != '=') return 0;
+  return lastQuad[2] == '=' ? 2 : 1;
+}
+
 SdkError decodeInto(const void* text, std::size_t count, std::string& bytes) {
   if (count == 0) return errc::ok;
   if (text == nullptr || count % 4 != 0) return errc::badBase64;
-  const auto* in = static_cast<const unsigned char*>(text);
-
-  // Padding may only close the last quad: "xx==" or "xxx=".
-  const unsigned char* last = in + count - 4;
-  std::size_t padding = 0;
-  if (last[3] == '=') padding = last[2] == '=' ? 2 : 1;
-  const std::size_t size = count / 4 * 3 - padding;
+  const std::size_t size = decodedSize(text, count);
   if (size > decodeLimit()) return errc::payloadTooLarge;
-
   bytes.assign(size, '\0');
-  auto* o = reinterpret_cast<unsigned char*>(bytes.data());
+  return decodeTo(text, count, true, bytes.data());
+}
+
+}  // namespace
+
+std::size_t decodedSize(const void* text, std::size_t count) {
+  if (text == nullptr || count < 4) return count / 4 * 3;
+  const auto* in = static_cast<const unsigned char*>(text);
+  return count / 4 * 3 - padding(in + count / 4 * 4 - 4);
+}
+
+SdkError decodeTo(const void* text, std::size_t count, bool last, void* out) {
+  if (count == 0) return errc::ok;
+  if (text == nullptr || count % 4 != 0) return errc::badBase64;
+  const auto* in = static_cast<const unsigned char*>(text);
+  auto* o = static_cast<unsigned char*>(out);
+
+  // Only the text's last quad is decoded apart; before it a '=' is a foreign byte.
+  const unsigned char* end = in + count - (last ? 4 : 0);
   std::uint32_t seen = 0;
-  for (const unsigned char* s = in; s != last; s += 4, o += 3) {
+  const unsigned char* s = in;
+  // Two quads at a time into one 8-byte store while a third quad follows,
+  // which writes over the store's last two bytes.
+  for (; end - s >= 12; s += 8, o += 6) {
+    const std::uint32_t a = quad(s);
+    const std::uint32_t b = quad(s + 4);
+    seen |= a | b;
+    std::uint64_t six = ((std::uint64_t(a) << 24) | b) << 16;  // the 6 bytes, first byte on top
+    if constexpr (std::endian::native == std::endian::little) six = byteSwap(six);
+    std::memcpy(o, &six, 8);
+  }
+  for (; s != end; s += 4, o += 3) {
     const std::uint32_t group = quad(s);
     seen |= group;
     o[0] = static_cast<unsigned char>(group >> 16);
     o[1] = static_cast<unsigned char>(group >> 8);
     o[2] = static_cast<unsigned char>(group);
   }
+  if (!last) return (seen & kForeign) ? errc::badBase64 : errc::ok;
 
-  // The last quad with its padding replaced by 'A' (zero bits); an '=' left in
-  // it after that ("=A==", "x=x=") is a foreign byte to the table.
-  unsigned char tail[4] = {last[0], last[1], last[2], last[3]};
-  for (std::size_t k = 4 - padding; k < 4; ++k)
+  // Padding may only close the last quad: "xx==" or "xxx=". The last quad with
+  // its padding replaced by 'A' (zero bits); an '=' left in it after that
+  // ("=A==", "x=x=") is a foreign byte to the table.
+  const std::size_t pad = padding(end);
+  unsigned char tail[4] = {end[0], end[1], end[2], end[3]};
+  for (std::size_t k = 4 - pad; k < 4; ++k)
     tail[k] = 'A';
   const std::uint32_t group = quad(tail);
   seen |= group;
   if (seen & kForeign) return errc::badBase64;
   o[0] = static_cast<unsigned char>(group >> 16);
-  if (padding < 2) o[1] = static_cast<unsigned char>(group >> 8);
-  if (padding < 1) o[2] = static_cast<unsigned char>(group);
+  if (pad < 2) o[1] = static_cast<unsigned char>(group >> 8);
+  if (pad < 1) o[2] = static_cast<unsigned char>(group);
   return errc::ok;
 }
-
-}  // namespace
 
 SdkError decode(const void* text, std::size_t count, std::string& out) {
   // Decoded aside, so that `text` may point into `out`; nothing half-decoded is kept.

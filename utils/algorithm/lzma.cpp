@@ -96,6 +96,61 @@ SdkError compress(const void* bytes, std::size_t count, std::string& out, std::u
   return errc::ok;
 }
 
+struct Decompressor::State {
+  Stream stream;
+  lzma_ret init = LZMA_OK;
+  bool last = false;   // the last input was handed over
+  bool ended = false;  // the decoder saw the end of the stream
+  std::size_t produced = 0;
+};
+
+Decompressor::Decompressor() : state_(new State) {
+  // No LZMA_CONCATENATED: the decoder stops at the end of the first stream, and
+  // anything after it is refused in drain().
+  state_->init = lzma_stream_decoder(&state_->stream.s, kDecoderMemoryLimit, 0);
+}
+
+Decompressor::~Decompressor() {
+  delete state_;
+}
+
+void Decompressor::feed(const void* bytes, std::size_t count, bool last) {
+  state_->stream.s.next_in = static_cast<const std::uint8_t*>(bytes);
+  state_->stream.s.avail_in = count;
+  state_->last = last;
+}
+
+bool Decompressor::wantsInput() const {
+  return state_->stream.s.avail_in == 0 && !state_->last;
+}
+
+bool Decompressor::finished() const {
+  return state_->ended && state_->last && state_->stream.s.avail_in == 0;
+}
+
+SdkError Decompressor::drain(void* out, std::size_t capacity, std::size_t& produced) {
+  produced = 0;
+  State& st = *state_;
+  if (st.init != LZMA_OK) return decodeError(st.init);
+  lzma_stream& s = st.stream.s;
+  if (st.ended) return s.avail_in != 0 ? errc::corruptLzma : errc::ok;  // bytes after the stream
+  s.next_out = static_cast<std::uint8_t*>(out);
+  s.avail_out = capacity;
+  const lzma_ret ret = lzma_code(&s, st.last ? LZMA_FINISH : LZMA_RUN);
+  produced = capacity - s.avail_out;
+  st.produced += produced;
+  if (st.produced > decodeLimit()) return errc::payloadTooLarge;
+  if (ret == LZMA_STREAM_END) {
+    st.ended = true;
+    return s.avail_in != 0 ? errc::corruptLzma : errc::ok;
+  }
+  // Without the last input, no progress only means that more is needed.
+  if (ret == LZMA_BUF_ERROR && !st.last) return errc::ok;
+  // A stream cut short gives LZMA_BUF_ERROR once a call after the last input
+  // makes no progress.
+  return ret == LZMA_OK ? errc::ok : decodeError(ret);
+}
+
 SdkError decompress(const void* bytes, std::size_t count, std::string& out) {
   std::string result;
   const SdkError e = decompressInto(bytes, count, result);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <boost/json/fwd.hpp>
+#include <boost/json/storage_ptr.hpp>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -14,7 +16,28 @@ namespace utils {
 // in a local code page loads as it was saved); nesting is limited to 256 levels.
 // A number beyond the range of a double (1e400) is refused with
 // std::errc::result_out_of_range; other bad text gives std::errc::invalid_argument.
-boost::json::value parseJson(std::string_view text, std::error_code& ec);
+// The tree's containers and strings are allocated from `storage`.
+boost::json::value parseJson(std::string_view text, std::error_code& ec,
+                             boost::json::storage_ptr storage = {});
+
+// The same parse for text that arrives in pieces: a number, string or escape
+// may be split anywhere between two pieces. write() returns false (and sets
+// `ec`) as soon as the text is known to be bad; finish() after the last piece
+// returns the value, or null with `ec` set.
+class JsonTextParser {
+ public:
+  explicit JsonTextParser(boost::json::storage_ptr storage);
+  ~JsonTextParser();
+  JsonTextParser(const JsonTextParser&) = delete;
+  JsonTextParser& operator=(const JsonTextParser&) = delete;
+
+  bool write(const char* data, std::size_t size, std::error_code& ec);
+  boost::json::value finish(std::error_code& ec);
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
 
 // The same for text this library wrote itself, with no limit on nesting.
 boost::json::value parseOwnJson(std::string_view text, std::error_code& ec);
