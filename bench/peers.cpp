@@ -5,6 +5,7 @@
 //   read/<encoding>/<who>   file -> decoded text -> parsed -> PenArray and LmcParam
 //   write/<encoding>/<who>  PenArray and LmcParam -> JSON text -> encoded -> durable file
 //   bare/xz-decode          the LZMA payload decoded by liblzma alone, in memory
+//   bare/xz-encode          the JSON text encoded by liblzma alone, in memory
 //
 // <who> is param (the library), nlohmann (nlohmann-json), rapidjson and
 // simdjson (reading only); see support/peers.h for what the hand-written code
@@ -112,6 +113,18 @@ void bareXzDecode(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * textBytes());
 }
 
+// The document's text encoded by the bare codec, in memory: what an LZMA
+// write costs beyond a base64 one is measured against it.
+void bareXzEncode(benchmark::State& state) {
+  const std::string text = peers::librarySavedText(sample());
+  std::string payload;
+  for (auto _ : state) {
+    if (utils::algorithm::lzma::compress(text.data(), text.size(), payload) != 0)
+      state.SkipWithError("encode failed");
+  }
+  state.SetBytesProcessed(state.iterations() * textBytes());
+}
+
 double fastest(const std::vector<double>& v) {
   return *std::min_element(v.begin(), v.end());
 }
@@ -129,6 +142,10 @@ void registerBenchmarks() {
     }
     if (encoding == 2) {
       benchmark::RegisterBenchmark(peers::kBareXzName, bareXzDecode)
+          ->UseRealTime()
+          ->ComputeStatistics("min", fastest)
+          ->Unit(benchmark::kMillisecond);
+      benchmark::RegisterBenchmark(peers::kBareXzEncodeName, bareXzEncode)
           ->UseRealTime()
           ->ComputeStatistics("min", fastest)
           ->Unit(benchmark::kMillisecond);

@@ -27,7 +27,9 @@ inline param::SeriOption encodingOption(int encoding) {
   return param::SeriOption(static_cast<param::SeriOption::Encoding>(encoding), 0, 0);
 }
 
-// The bare codec an LZMA read is compared with (liblzma decoding the payload).
+// The bare codec an LZMA read or write is compared with (liblzma decoding the
+// payload, or encoding the text).
 inline constexpr const char* kBareXzName = "bare/xz-decode";
+inline constexpr const char* kBareXzEncodeName = "bare/xz-encode";
 
 }  // namespace peers
