@@ -23,6 +23,7 @@ class PendingText {
  public:
   PendingText() = default;
   PendingText(const PendingText& other);
+  ~PendingText();
   PendingText& operator=(const PendingText&) = delete;
 
   // Members or elements.
