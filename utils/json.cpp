@@ -463,26 +463,26 @@ SdkError JsonObject::add(std::string_view key, std::string_view in) {
   return 0;
 }
 
-SdkError JsonObject::addJsonObject(std::string_view key, JsonObject&& child) {
-  if (detail::PendingText* text = uncheckedTextFor(key)) {
-    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+template <class T, class Child>
+SdkError JsonObject::storeChild(detail::PendingText* text, std::string_view key,
+                                Child& child) const {
+  constexpr bool object = std::is_same_v<T, bj::object>;
+  if (text != nullptr) {
+    putChild<T>(*text, child.node_, child.text_, object ? '{' : '[', object ? '}' : ']');
     return 0;
   }
   child.settle();
-  bj::value v = release<bj::object>(child.node_);
+  bj::value v = release<T>(child.node_);
   exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
   return 0;
 }
 
+SdkError JsonObject::addJsonObject(std::string_view key, JsonObject&& child) {
+  return storeChild<bj::object>(uncheckedTextFor(key), key, child);
+}
+
 SdkError JsonObject::addJsonArray(std::string_view key, JsonArray&& child) {
-  if (detail::PendingText* text = uncheckedTextFor(key)) {
-    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
-    return 0;
-  }
-  child.settle();
-  bj::value v = release<bj::array>(child.node_);
-  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
-  return 0;
+  return storeChild<bj::array>(uncheckedTextFor(key), key, child);
 }
 
 const void* JsonObject::find(const char* key) const {
@@ -580,26 +580,12 @@ SdkError JsonObject::setJsonObject(const char* key, JsonObject&& child) {
 
 SdkError JsonObject::setJsonObjectOfConst(const char* key, JsonObject&& child) const {
   if (key == nullptr) return errc::keyMissing;
-  if (detail::PendingText* text = textFor(key)) {
-    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
-    return 0;
-  }
-  child.settle();
-  bj::value v = release<bj::object>(child.node_);
-  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
-  return 0;
+  return storeChild<bj::object>(textFor(key), key, child);
 }
 
 SdkError JsonObject::setJsonArray(const char* key, JsonArray&& child) {
   if (key == nullptr) return errc::keyMissing;
-  if (detail::PendingText* text = textFor(key)) {
-    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
-    return 0;
-  }
-  child.settle();
-  bj::value v = release<bj::array>(child.node_);
-  exclusive<bj::object>(node_).insert_or_assign(key, std::move(v));
-  return 0;
+  return storeChild<bj::array>(textFor(key), key, child);
 }
 
 SdkError JsonObject::takeJsonObject(const char* key, JsonObject& out) {

@@ -289,6 +289,10 @@ class UTILS_API JsonObject {
   detail::PendingText* textFor(const char* key) const;
   // Builds the tree from the pending text, if there is any.
   void settle() const;
+  // Stores `child` (of container T) under `key`: into `text`, the member
+  // begun there, or into the tree when `text` is null.
+  template <class T, class Child>
+  SdkError storeChild(detail::PendingText* text, std::string_view key, Child& child) const;
 
   // A boost::json::object, possibly inside a larger tree that it keeps alive,
   // or, when null, the content still as text (text_, see above). Mutable for
