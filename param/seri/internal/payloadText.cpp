@@ -85,15 +85,20 @@ SdkError PayloadText::next(const char*& data, std::size_t& size) {
   }
 }
 
-SdkError PayloadText::nextBase64(const char*& data, std::size_t& size) {
-  const std::uint64_t total = bytes_.size();
-  if (at_ == total) return 0;
-  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(slice_, total - at_));
-  const std::uint8_t* in = nullptr;
+SdkError PayloadText::readSlice(const std::uint8_t*& in, std::size_t& count) {
+  count = static_cast<std::size_t>(std::min<std::uint64_t>(slice_, bytes_.size() - at_));
   if (SdkError e = bytes_.read(at_, count, in)) return e;
   at_ += count;
+  return 0;
+}
+
+SdkError PayloadText::nextBase64(const char*& data, std::size_t& size) {
+  if (at_ == bytes_.size()) return 0;
+  const std::uint8_t* in = nullptr;
+  std::size_t count = 0;
+  if (SdkError e = readSlice(in, count)) return e;
   text_.resize(count / 4 * 3);
-  const bool last = at_ == total;
+  const bool last = at_ == bytes_.size();
   if (SdkError e = alg::base64::decodeTo(in, count, last, text_.data())) return e;
   data = text_.data();
   size = last ? alg::base64::decodedSize(in, count) : count / 4 * 3;
@@ -101,12 +106,10 @@ SdkError PayloadText::nextBase64(const char*& data, std::size_t& size) {
 }
 
 SdkError PayloadText::nextXor(const char*& data, std::size_t& size) {
-  const std::uint64_t total = bytes_.size();
-  if (at_ == total) return 0;
-  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(slice_, total - at_));
+  if (at_ == bytes_.size()) return 0;
   const std::uint8_t* in = nullptr;
-  if (SdkError e = bytes_.read(at_, count, in)) return e;
-  at_ += count;
+  std::size_t count = 0;
+  if (SdkError e = readSlice(in, count)) return e;
   // Every slice but the last is a multiple of the key's 16 bytes: each starts
   // at the key's first byte.
   text_.resize(count);
@@ -117,15 +120,13 @@ SdkError PayloadText::nextXor(const char*& data, std::size_t& size) {
 }
 
 SdkError PayloadText::nextLzma(const char*& data, std::size_t& size) {
-  const std::uint64_t total = bytes_.size();
   text_.resize(slice_);
   while (!lzma_.finished()) {
     if (lzma_.wantsInput()) {
-      const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(slice_, total - at_));
       const std::uint8_t* in = nullptr;
-      if (SdkError e = bytes_.read(at_, count, in)) return e;
-      at_ += count;
-      lzma_.feed(in, count, at_ == total);
+      std::size_t count = 0;
+      if (SdkError e = readSlice(in, count)) return e;
+      lzma_.feed(in, count, at_ == bytes_.size());
     }
     std::size_t produced = 0;
     if (SdkError e = lzma_.drain(text_.data(), text_.size(), produced)) return e;

@@ -70,6 +70,8 @@ class PayloadText : public utils::JsonTextSource {
 
  private:
   SdkError start();
+  // The next slice of the payload (`count` 0 at its end).
+  SdkError readSlice(const std::uint8_t*& in, std::size_t& count);
   SdkError nextBase64(const char*& data, std::size_t& size);
   SdkError nextXor(const char*& data, std::size_t& size);
   SdkError nextLzma(const char*& data, std::size_t& size);
