@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "internal/jsonText.h"
+#include "internal/parsedText.h"
 #include "internal/pendingText.h"
 
 namespace utils {
@@ -27,6 +28,64 @@ namespace {
 
 const bj::value& asValue(const void* node) {
   return *static_cast<const bj::value*>(node);
+}
+
+using detail::ParsedText;
+using detail::TextNode;
+
+// Value `at` of a parsed text as a tree value. Containers come out empty:
+// a scalar conversion only needs their kind.
+bj::value scalarOf(const ParsedText& text, std::uint32_t at) {
+  switch (text.kind(at)) {
+    case TextNode::False:
+      return bj::value(false);
+    case TextNode::True:
+      return bj::value(true);
+    case TextNode::Int:
+      return bj::value(text.integer(at));
+    case TextNode::Uint:
+      return bj::value(text.unsignedInteger(at));
+    case TextNode::Double:
+      return bj::value(text.real(at));
+    case TextNode::String:
+    case TextNode::Key: {
+      std::string s;
+      text.decode(at, s);
+      return bj::value(bj::string(s));
+    }
+    case TextNode::Object:
+      return bj::value(bj::object());
+    case TextNode::Array:
+      return bj::value(bj::array());
+    default:
+      return bj::value(nullptr);
+  }
+}
+
+// The value a lookup found, as a tree value to convert: the tree's own, or
+// one made for a value of parsed text.
+class ValueOf {
+ public:
+  explicit ValueOf(const detail::NodeRef& n)
+      : own_(n.text != nullptr ? scalarOf(*n.text, n.at) : bj::value()),
+        value_(n.text != nullptr ? &own_ : static_cast<const bj::value*>(n.tree)) {}
+  const bj::value& operator*() const { return *value_; }
+
+ private:
+  bj::value own_;
+  const bj::value* value_;
+};
+
+// The whole value a lookup found as a tree of its own: a parsed container is
+// parsed again from its text, which is known to parse.
+bj::value treeOf(const detail::NodeRef& n) {
+  if (n.text == nullptr) return asValue(n.tree);
+  const TextNode::Kind kind = n.text->kind(n.at);
+  if (kind != TextNode::Object && kind != TextNode::Array) return scalarOf(*n.text, n.at);
+  std::error_code ec;
+  bj::value v = parseJson(n.text->span(n.at), ec);
+  if (ec) throw std::logic_error("utils::JsonObject: parsed JSON text does not parse again");
+  return v;
 }
 
 template <class T>
@@ -184,6 +243,30 @@ SdkError parseInto(const char* text, std::size_t length, std::shared_ptr<void>& 
   });
 }
 
+// Makes `text` the content of a node of container T: read in place as
+// parsed text when it reads plainly (see ParsedText), else parsed into a
+// tree. The content is unchanged on error.
+template <class T>
+SdkError parseWhole(std::string&& text, std::shared_ptr<void>& node,
+                    std::unique_ptr<detail::PendingText>& pending,
+                    std::shared_ptr<const ParsedText>& parsed, std::uint32_t& at) {
+  constexpr bool object = std::is_same_v<T, bj::object>;
+  if (std::shared_ptr<const ParsedText> read = ParsedText::parse(std::move(text))) {
+    if (read->kind(0) != (object ? TextNode::Object : TextNode::Array)) return errc::wrongType;
+    node.reset();
+    pending.reset();
+    parsed = std::move(read);
+    at = 0;
+    return 0;
+  }
+  const SdkError e = parseInto(text.data(), text.size(), node, object ? bj::kind::object : bj::kind::array);
+  if (e == 0) {
+    pending.reset();
+    parsed.reset();
+  }
+  return e;
+}
+
 // The JSON text of any value.
 std::string valueText(const bj::value& v) {
   if (const bj::object* o = v.if_object()) return writeJson(*o);
@@ -246,17 +329,22 @@ SdkError takeElement(std::shared_ptr<void>& node, std::size_t index, std::shared
   return 0;
 }
 
-// Points `out` at `v` (which must be of kind T) inside the tree `owner` keeps alive.
+// Builds the tree of a node whose content is still text, pending or parsed:
+// `open` and `close` are its brackets, T its container.
 template <class T>
-void view(const std::shared_ptr<void>& owner, const T& v, std::shared_ptr<void>& out) {
-  out = std::shared_ptr<void>(owner, const_cast<T*>(&v));
-}
-
-// Builds the tree of a node whose content is still text: `open` and `close`
-// are its brackets, T its container.
-template <class T>
-void settleText(std::shared_ptr<void>& node, std::unique_ptr<detail::PendingText>& text, char open,
+void settleText(std::shared_ptr<void>& node, std::unique_ptr<detail::PendingText>& text,
+                std::shared_ptr<const ParsedText>& parsed, std::uint32_t at, char open,
                 char close) {
+  if (parsed) {
+    bj::value v = treeOf({nullptr, parsed.get(), at});
+    if constexpr (std::is_same_v<T, bj::object>) {
+      node = std::make_shared<bj::object>(std::move(v.get_object()));
+    } else {
+      node = std::make_shared<bj::array>(std::move(v.get_array()));
+    }
+    parsed.reset();
+    return;
+  }
   if (!text) return;
   std::error_code ec;
   bj::value v = parseOwnJson(text->joined(open, close), ec);
@@ -271,36 +359,75 @@ void settleText(std::shared_ptr<void>& node, std::unique_ptr<detail::PendingText
   text.reset();
 }
 
-// Writes a child container (tree, text or empty) as the value just begun in
-// `text`, leaving the child empty.
-template <class T>
-void putChild(detail::PendingText& text, std::shared_ptr<void>& node,
-              std::unique_ptr<detail::PendingText>& childText, char open, char close) {
-  if (childText) {
-    text.putContainer(std::move(*childText), open, close);
-    childText.reset();
-  } else if (node) {
-    text.putRaw(writeJson(*as<const T>(node)));
-  } else {
-    const char empty[2] = {open, close};
-    text.putRaw(std::string_view(empty, 2));
-  }
-  node.reset();
-}
-
 }  // namespace
 
 namespace detail {
 
-SdkError toBool(const void* node, bool& out) {
-  const bj::value& v = asValue(node);
+// What JsonObject and JsonArray do alike with each other's content.
+struct NodeAccess {
+  // Makes `out` (a JsonObject or JsonArray) a view of the container `found`
+  // in `from`, or says why it cannot: `missing` when nothing was found.
+  template <class Out, class From>
+  static SdkError view(const NodeRef& found, SdkError missing, const From& from, Out& out) {
+    constexpr bool object = std::is_same_v<Out, JsonObject>;
+    using T = std::conditional_t<object, bj::object, bj::array>;
+    if (!found) return missing;
+    if (found.text != nullptr) {
+      if (found.text->kind(found.at) != (object ? TextNode::Object : TextNode::Array)) {
+        return errc::wrongType;
+      }
+      std::shared_ptr<const ParsedText> keep = from.parsed_;
+      out.node_.reset();
+      out.text_.reset();
+      out.parsed_ = std::move(keep);
+      out.at_ = found.at;
+      return 0;
+    }
+    const bj::value& v = asValue(found.tree);
+    const T* c = nullptr;
+    if constexpr (object) {
+      c = v.if_object();
+    } else {
+      c = v.if_array();
+    }
+    if (c == nullptr) return errc::wrongType;
+    std::shared_ptr<void> keep(from.node_, const_cast<T*>(c));
+    out.text_.reset();
+    out.parsed_.reset();
+    out.node_ = std::move(keep);
+    return 0;
+  }
+
+  // Writes `child` (a JsonObject or JsonArray, as a tree, text or empty) as
+  // the value just begun in `text`, leaving the child empty.
+  template <class Child>
+  static void putChild(PendingText& text, Child& child) {
+    constexpr bool object = std::is_same_v<Child, JsonObject>;
+    using T = std::conditional_t<object, bj::object, bj::array>;
+    if (child.parsed_) child.settle();
+    if (child.text_) {
+      text.putContainer(std::move(*child.text_), object ? '{' : '[', object ? '}' : ']');
+      child.text_.reset();
+    } else if (child.node_) {
+      text.putRaw(writeJson(*as<const T>(child.node_)));
+    } else {
+      text.putRaw(object ? "{}" : "[]");
+    }
+    child.node_.reset();
+  }
+};
+
+SdkError toBool(const NodeRef& node, bool& out) {
+  const ValueOf value(node);
+  const bj::value& v = *value;
   if (!v.is_bool()) return errc::wrongType;
   out = v.get_bool();
   return 0;
 }
 
-SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int64_t hi) {
-  const bj::value& v = asValue(node);
+SdkError toSigned(const NodeRef& node, std::int64_t& out, std::int64_t lo, std::int64_t hi) {
+  const ValueOf value(node);
+  const bj::value& v = *value;
   switch (v.kind()) {
     case bj::kind::int64: {
       std::int64_t i = v.get_int64();
@@ -328,8 +455,9 @@ SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int
   }
 }
 
-SdkError toUnsigned(const void* node, std::uint64_t& out, std::uint64_t hi) {
-  const bj::value& v = asValue(node);
+SdkError toUnsigned(const NodeRef& node, std::uint64_t& out, std::uint64_t hi) {
+  const ValueOf value(node);
+  const bj::value& v = *value;
   switch (v.kind()) {
     case bj::kind::int64: {
       std::int64_t i = v.get_int64();
@@ -356,8 +484,9 @@ SdkError toUnsigned(const void* node, std::uint64_t& out, std::uint64_t hi) {
   }
 }
 
-SdkError toDouble(const void* node, double& out) {
-  const bj::value& v = asValue(node);
+SdkError toDouble(const NodeRef& node, double& out) {
+  const ValueOf value(node);
+  const bj::value& v = *value;
   switch (v.kind()) {
     case bj::kind::double_:
       out = v.get_double();
@@ -373,7 +502,7 @@ SdkError toDouble(const void* node, double& out) {
   }
 }
 
-SdkError toFloat(const void* node, float& out) {
+SdkError toFloat(const NodeRef& node, float& out) {
   double d = 0;
   SdkError e = toDouble(node, d);
   if (e != 0) return e;
@@ -384,8 +513,13 @@ SdkError toFloat(const void* node, float& out) {
   return 0;
 }
 
-SdkError toString(const void* node, std::string& out) {
-  const bj::value& v = asValue(node);
+SdkError toString(const NodeRef& node, std::string& out) {
+  if (node.text != nullptr) {
+    if (node.text->kind(node.at) != TextNode::String) return errc::wrongType;
+    node.text->decode(node.at, out);
+    return 0;
+  }
+  const bj::value& v = asValue(node.tree);
   const bj::string* s = v.if_string();
   if (s == nullptr) return errc::wrongType;
   out.assign(s->data(), s->size());
@@ -408,19 +542,25 @@ JsonObject JsonObject::clone() const {
     copy.node_ = std::make_shared<bj::object>(*as<const bj::object>(node_), bj::storage_ptr());
   }
   if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
+  // Parsed text is never changed: the copy reads the same.
+  copy.parsed_ = parsed_;
+  copy.at_ = at_;
   return copy;
 }
 
 void JsonObject::swap(JsonObject& other) noexcept {
   node_.swap(other.node_);
   text_.swap(other.text_);
+  parsed_.swap(other.parsed_);
+  std::swap(at_, other.at_);
 }
 
 void JsonObject::settle() const {
-  settleText<bj::object>(node_, text_, '{', '}');
+  settleText<bj::object>(node_, text_, parsed_, at_, '{', '}');
 }
 
 detail::PendingText* JsonObject::textFor(const char* key) const {
+  if (parsed_) settle();
   if (node_) return nullptr;
   if (!text_) text_ = std::make_unique<detail::PendingText>();
   const std::string_view name(key);
@@ -439,6 +579,7 @@ detail::PendingText* JsonObject::textFor(const char* key) const {
 }
 
 detail::PendingText* JsonObject::uncheckedTextFor(std::string_view key) {
+  if (parsed_) settle();
   if (node_) return nullptr;
   if (!text_) text_ = std::make_unique<detail::PendingText>();
   text_->beginUncheckedMember(key);
@@ -466,9 +607,8 @@ SdkError JsonObject::add(std::string_view key, std::string_view in) {
 template <class T, class Child>
 SdkError JsonObject::storeChild(detail::PendingText* text, std::string_view key,
                                 Child& child) const {
-  constexpr bool object = std::is_same_v<T, bj::object>;
   if (text != nullptr) {
-    putChild<T>(*text, child.node_, child.text_, object ? '{' : '[', object ? '}' : ']');
+    detail::NodeAccess::putChild(*text, child);
     return 0;
   }
   child.settle();
@@ -485,54 +625,56 @@ SdkError JsonObject::addJsonArray(std::string_view key, JsonArray&& child) {
   return storeChild<bj::array>(uncheckedTextFor(key), key, child);
 }
 
-const void* JsonObject::find(const char* key) const {
+detail::NodeRef JsonObject::find(const char* key) const {
+  if (key == nullptr) return {};
+  if (parsed_) {
+    const std::uint32_t v = parsed_->find(at_, key);
+    if (v == 0) return {};
+    return {nullptr, parsed_.get(), v};
+  }
   settle();
-  if (!node_ || key == nullptr) return nullptr;
-  return as<const bj::object>(node_)->if_contains(key);
+  if (!node_) return {};
+  return {as<const bj::object>(node_)->if_contains(key)};
 }
 
-const void* JsonObject::find(const char* key, std::size_t& cursor) const {
+detail::NodeRef JsonObject::find(const char* key, std::size_t& cursor) const {
+  if (key == nullptr) return {};
+  if (parsed_) {
+    const std::uint32_t v = parsed_->find(at_, key, cursor);
+    if (v == 0) return {};
+    return {nullptr, parsed_.get(), v};
+  }
   settle();
-  if (!node_ || key == nullptr) return nullptr;
+  if (!node_) return {};
   const bj::object& o = *as<const bj::object>(node_);
   if (cursor < o.size()) {
     const bj::key_value_pair& expected = o.begin()[cursor];
     if (sameKey(expected.key(), key)) {
       ++cursor;
-      return &expected.value();
+      return {&expected.value()};
     }
   }
   const auto found = o.find(key);
-  if (found == o.end()) return nullptr;
+  if (found == o.end()) return {};
   cursor = static_cast<std::size_t>(found - o.begin()) + 1;
-  return &found->value();
+  return {&found->value()};
 }
 
 SdkError JsonObject::get(const char* key, std::string& out, std::size_t& cursor) const {
-  const void* v = find(key, cursor);
+  const detail::NodeRef v = find(key, cursor);
   return v ? detail::toString(v, out) : errc::keyMissing;
 }
 
 SdkError JsonObject::getJsonObject(const char* key, JsonObject& out, std::size_t& cursor) const {
-  const void* v = find(key, cursor);
-  if (v == nullptr) return errc::keyMissing;
-  const bj::object* o = asValue(v).if_object();
-  if (o == nullptr) return errc::wrongType;
-  view(node_, *o, out.node_);
-  return 0;
+  return detail::NodeAccess::view(find(key, cursor), errc::keyMissing, *this, out);
 }
 
 SdkError JsonObject::getJsonArray(const char* key, JsonArray& out, std::size_t& cursor) const {
-  const void* v = find(key, cursor);
-  if (v == nullptr) return errc::keyMissing;
-  const bj::array* a = asValue(v).if_array();
-  if (a == nullptr) return errc::wrongType;
-  view(node_, *a, out.node_);
-  return 0;
+  return detail::NodeAccess::view(find(key, cursor), errc::keyMissing, *this, out);
 }
 
 SdkError JsonObject::get(const char* key, std::string& out) const {
-  const void* v = find(key);
+  const detail::NodeRef v = find(key);
   return v ? detail::toString(v, out) : errc::keyMissing;
 }
 
@@ -557,21 +699,11 @@ SdkError JsonObject::set(const char* key, std::string_view in) {
 }
 
 SdkError JsonObject::getJsonObject(const char* key, JsonObject& out) const {
-  const void* v = find(key);
-  if (v == nullptr) return errc::keyMissing;
-  const bj::object* o = asValue(v).if_object();
-  if (o == nullptr) return errc::wrongType;
-  view(node_, *o, out.node_);
-  return 0;
+  return detail::NodeAccess::view(find(key), errc::keyMissing, *this, out);
 }
 
 SdkError JsonObject::getJsonArray(const char* key, JsonArray& out) const {
-  const void* v = find(key);
-  if (v == nullptr) return errc::keyMissing;
-  const bj::array* a = asValue(v).if_array();
-  if (a == nullptr) return errc::wrongType;
-  view(node_, *a, out.node_);
-  return 0;
+  return detail::NodeAccess::view(find(key), errc::keyMissing, *this, out);
 }
 
 SdkError JsonObject::setJsonObject(const char* key, JsonObject&& child) {
@@ -602,13 +734,20 @@ SdkError JsonObject::takeJsonArray(const char* key, JsonArray& out) {
 }
 
 std::string JsonObject::memberText(const char* key) const {
-  const void* v = find(key);
-  return v ? valueText(asValue(v)) : std::string();
+  const detail::NodeRef v = find(key);
+  return v ? valueText(treeOf(v)) : std::string();
 }
 
 std::vector<std::string> JsonObject::keys() const {
-  settle();
   std::vector<std::string> out;
+  if (parsed_) {
+    out.reserve(parsed_->count(at_));
+    const std::uint32_t end = parsed_->membersEnd(at_);
+    for (std::uint32_t k = at_ + 1; k < end; k = parsed_->next(k + 1))
+      out.emplace_back(parsed_->raw(k));
+    return out;
+  }
+  settle();
   if (!node_) return out;
   const bj::object& o = *as<const bj::object>(node_);
   out.reserve(o.size());
@@ -618,12 +757,14 @@ std::vector<std::string> JsonObject::keys() const {
 }
 
 std::size_t JsonObject::size() const {
+  if (parsed_) return parsed_->count(at_);
   if (text_) return text_->count();
   return node_ ? as<const bj::object>(node_)->size() : 0;
 }
 
 bool JsonObject::erase(const char* key) {
   if (!contains(key)) return false;
+  settle();
   return exclusive<bj::object>(node_).stable_erase(key) != 0;
 }
 
@@ -640,6 +781,7 @@ SdkError JsonObject::setMemberText(const char* key, std::string_view text) {
 
 std::string JsonObject::stringfy(int indent) const {
   if (text_ && indent <= 0) return text_->joined('{', '}');
+  if (parsed_) return writeJson(treeOf({nullptr, parsed_.get(), at_}).get_object(), indent);
   settle();
   if (!node_) return "{}";
   return writeJson(*as<const bj::object>(node_), indent);
@@ -673,29 +815,21 @@ std::string JsonTextPieces::joined() const {
 }
 
 SdkError JsonObject::parser(const char* text, std::size_t length) {
-  const SdkError e = parseInto(text, length, node_, bj::kind::object);
-  if (e == 0) text_.reset();
-  return e;
+  if (text == nullptr && length != 0) return errc::parseError;
+  return parseWhole<bj::object>(std::string(text ? text : "", length), node_, text_, parsed_, at_);
 }
 
 SdkError JsonObject::parser(JsonTextSource& source) {
-  SdkError drawn = 0;  // the source's code, which comes before a parse error
-  const SdkError parsed =
-      parseTree(source.sizeHint(), node_, bj::kind::object,
-                [&source, &drawn](bj::storage_ptr storage, std::error_code& ec) -> bj::value {
-                  JsonTextParser parser(std::move(storage));
-                  bool good = true;
-                  const char* data = nullptr;
-                  std::size_t size = 0;
-                  while ((drawn = source.next(data, size)) == 0 && size != 0) {
-                    if (good) good = parser.write(data, size, ec);
-                  }
-                  if (drawn != 0 || !good) return nullptr;
-                  return parser.finish(ec);
-                });
-  const SdkError e = drawn != 0 ? drawn : parsed;
-  if (e == 0) text_.reset();
-  return e;
+  // The whole text is kept: the parsed object is read in place.
+  std::string text;
+  text.reserve(source.sizeHint());
+  const char* data = nullptr;
+  std::size_t size = 0;
+  SdkError drawn = 0;
+  while ((drawn = source.next(data, size)) == 0 && size != 0)
+    text.append(data, size);
+  if (drawn != 0) return drawn;
+  return parseWhole<bj::object>(std::move(text), node_, text_, parsed_, at_);
 }
 
 // ---- JsonArray ----
@@ -712,19 +846,24 @@ JsonArray JsonArray::clone() const {
     copy.node_ = std::make_shared<bj::array>(*as<const bj::array>(node_), bj::storage_ptr());
   }
   if (text_) copy.text_ = std::make_unique<detail::PendingText>(*text_);
+  copy.parsed_ = parsed_;
+  copy.at_ = at_;
   return copy;
 }
 
 void JsonArray::swap(JsonArray& other) noexcept {
   node_.swap(other.node_);
   text_.swap(other.text_);
+  parsed_.swap(other.parsed_);
+  std::swap(at_, other.at_);
 }
 
 void JsonArray::settle() const {
-  settleText<bj::array>(node_, text_, '[', ']');
+  settleText<bj::array>(node_, text_, parsed_, at_, '[', ']');
 }
 
 detail::PendingText* JsonArray::textAt(std::size_t index) {
+  if (parsed_) settle();
   if (node_ || index != size()) return nullptr;
   if (!text_) text_ = std::make_unique<detail::PendingText>();
   text_->beginElement();
@@ -732,24 +871,32 @@ detail::PendingText* JsonArray::textAt(std::size_t index) {
 }
 
 std::size_t JsonArray::size() const {
+  if (parsed_) return parsed_->count(at_);
   if (text_) return text_->count();
   return node_ ? as<const bj::array>(node_)->size() : 0;
 }
 
 void JsonArray::reserve(std::size_t count) {
   // Pending text needs no room ahead.
+  if (parsed_) settle();
   if (node_) exclusive<bj::array>(node_).reserve(count);
 }
 
-const void* JsonArray::at(std::size_t index) const {
+detail::NodeRef JsonArray::at(std::size_t index) const {
+  if (parsed_) {
+    const std::uint32_t v = parsed_->element(at_, index);
+    if (v == 0) return {};
+    return {nullptr, parsed_.get(), v};
+  }
   settle();
-  if (!node_) return nullptr;
+  if (!node_) return {};
   const bj::array& a = *as<const bj::array>(node_);
-  return index < a.size() ? &a[index] : nullptr;
+  if (index >= a.size()) return {};
+  return {&a[index]};
 }
 
 SdkError JsonArray::get(std::size_t index, std::string& out) const {
-  const void* v = at(index);
+  const detail::NodeRef v = at(index);
   return v ? detail::toString(v, out) : errc::indexOutOfRange;
 }
 
@@ -772,26 +919,16 @@ SdkError JsonArray::add(std::string_view in) {
 }
 
 SdkError JsonArray::getJsonObject(std::size_t index, JsonObject& out) const {
-  const void* v = at(index);
-  if (v == nullptr) return errc::indexOutOfRange;
-  const bj::object* o = asValue(v).if_object();
-  if (o == nullptr) return errc::wrongType;
-  view(node_, *o, out.node_);
-  return 0;
+  return detail::NodeAccess::view(at(index), errc::indexOutOfRange, *this, out);
 }
 
 SdkError JsonArray::getJsonArray(std::size_t index, JsonArray& out) const {
-  const void* v = at(index);
-  if (v == nullptr) return errc::indexOutOfRange;
-  const bj::array* a = asValue(v).if_array();
-  if (a == nullptr) return errc::wrongType;
-  view(node_, *a, out.node_);
-  return 0;
+  return detail::NodeAccess::view(at(index), errc::indexOutOfRange, *this, out);
 }
 
 SdkError JsonArray::addJsonObject(JsonObject&& child) {
   if (detail::PendingText* text = textAt(size())) {
-    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    detail::NodeAccess::putChild(*text, child);
     return 0;
   }
   child.settle();
@@ -802,7 +939,7 @@ SdkError JsonArray::addJsonObject(JsonObject&& child) {
 
 SdkError JsonArray::addJsonArray(JsonArray&& child) {
   if (detail::PendingText* text = textAt(size())) {
-    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    detail::NodeAccess::putChild(*text, child);
     return 0;
   }
   child.settle();
@@ -832,7 +969,7 @@ SdkError JsonArray::set(std::size_t index, std::string_view in) {
 SdkError JsonArray::setJsonObject(std::size_t index, JsonObject&& child) {
   if (index > size()) return errc::indexOutOfRange;
   if (detail::PendingText* text = textAt(index)) {
-    putChild<bj::object>(*text, child.node_, child.text_, '{', '}');
+    detail::NodeAccess::putChild(*text, child);
     return 0;
   }
   settle();
@@ -843,7 +980,7 @@ SdkError JsonArray::setJsonObject(std::size_t index, JsonObject&& child) {
 SdkError JsonArray::setJsonArray(std::size_t index, JsonArray&& child) {
   if (index > size()) return errc::indexOutOfRange;
   if (detail::PendingText* text = textAt(index)) {
-    putChild<bj::array>(*text, child.node_, child.text_, '[', ']');
+    detail::NodeAccess::putChild(*text, child);
     return 0;
   }
   settle();
@@ -871,8 +1008,8 @@ void JsonArray::truncate(std::size_t count) {
 }
 
 std::string JsonArray::elementText(std::size_t index) const {
-  const void* v = at(index);
-  return v ? valueText(asValue(v)) : std::string();
+  const detail::NodeRef v = at(index);
+  return v ? valueText(treeOf(v)) : std::string();
 }
 
 SdkError JsonArray::setElementText(std::size_t index, std::string_view text) {
@@ -886,15 +1023,15 @@ SdkError JsonArray::setElementText(std::size_t index, std::string_view text) {
 
 std::string JsonArray::stringfy(int indent) const {
   if (text_ && indent <= 0) return text_->joined('[', ']');
+  if (parsed_) return writeJson(treeOf({nullptr, parsed_.get(), at_}).get_array(), indent);
   settle();
   if (!node_) return "[]";
   return writeJson(*as<const bj::array>(node_), indent);
 }
 
 SdkError JsonArray::parser(const char* text, std::size_t length) {
-  const SdkError e = parseInto(text, length, node_, bj::kind::array);
-  if (e == 0) text_.reset();
-  return e;
+  if (text == nullptr && length != 0) return errc::parseError;
+  return parseWhole<bj::array>(std::string(text ? text : "", length), node_, text_, parsed_, at_);
 }
 
 }  // namespace utils

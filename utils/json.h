@@ -31,20 +31,33 @@ class JsonArray;
 
 namespace detail {
 class PendingText;
-// The typed conversions behind JsonObject and JsonArray. `node` is a
-// boost::json::value the caller found; these check its kind and range.
-UTILS_API SdkError toBool(const void* node, bool& out);
-UTILS_API SdkError toSigned(const void* node, std::int64_t& out, std::int64_t lo, std::int64_t hi);
-UTILS_API SdkError toUnsigned(const void* node, std::uint64_t& out, std::uint64_t hi);
-UTILS_API SdkError toDouble(const void* node, double& out);
-UTILS_API SdkError toFloat(const void* node, float& out);
-UTILS_API SdkError toString(const void* node, std::string& out);
+class ParsedText;
+struct NodeAccess;
 
-// Reads the scalar `node` (null when a key or index was not found, `missing` then
-// being the code to return) into `out`, checking kind and range.
+// A value a lookup found: a boost::json::value of a tree, or value `at` of a
+// parsed text. Neither when nothing was found.
+struct NodeRef {
+  const void* tree = nullptr;
+  const ParsedText* text = nullptr;
+  std::uint32_t at = 0;
+
+  explicit operator bool() const { return tree != nullptr || text != nullptr; }
+};
+
+// The typed conversions behind JsonObject and JsonArray, which check the
+// kind and range of the value found.
+UTILS_API SdkError toBool(const NodeRef& node, bool& out);
+UTILS_API SdkError toSigned(const NodeRef& node, std::int64_t& out, std::int64_t lo, std::int64_t hi);
+UTILS_API SdkError toUnsigned(const NodeRef& node, std::uint64_t& out, std::uint64_t hi);
+UTILS_API SdkError toDouble(const NodeRef& node, double& out);
+UTILS_API SdkError toFloat(const NodeRef& node, float& out);
+UTILS_API SdkError toString(const NodeRef& node, std::string& out);
+
+// Reads the scalar `node` (empty when a key or index was not found, `missing`
+// then being the code to return) into `out`, checking kind and range.
 template <JsonScalar T>
-SdkError readScalar(const void* node, SdkError missing, T& out) {
-  if (node == nullptr) return missing;
+SdkError readScalar(const NodeRef& node, SdkError missing, T& out) {
+  if (!node) return missing;
   if constexpr (std::is_enum_v<T>) {
     std::underlying_type_t<T> raw{};
     SdkError e = readScalar(node, missing, raw);
@@ -250,7 +263,7 @@ class UTILS_API JsonObject {
   std::vector<std::string> keys() const;
   std::size_t size() const;
   bool empty() const { return size() == 0; }
-  bool contains(const char* key) const { return find(key) != nullptr; }
+  bool contains(const char* key) const { return static_cast<bool>(find(key)); }
   // Removes a member; false when there was none.
   bool erase(const char* key);
 
@@ -278,8 +291,9 @@ class UTILS_API JsonObject {
 
  private:
   friend class JsonArray;
-  const void* find(const char* key) const;  // boost::json::value*, or null
-  const void* find(const char* key, std::size_t& cursor) const;
+  friend struct detail::NodeAccess;
+  detail::NodeRef find(const char* key) const;
+  detail::NodeRef find(const char* key, std::size_t& cursor) const;
   SdkError setScalar(const char* key, const detail::ScalarValue& value);
   SdkError addScalar(std::string_view key, const detail::ScalarValue& value);
   // The text to add the member `key` to, begun; null when the object is a tree.
@@ -287,7 +301,8 @@ class UTILS_API JsonObject {
   // The text to write the value of `key` into, its member begun; null when the
   // member goes through the tree (which is then built).
   detail::PendingText* textFor(const char* key) const;
-  // Builds the tree from the pending text, if there is any.
+  // Builds the tree from the pending text or the parsed text, if the node
+  // holds either: before a change, or a read that needs the tree.
   void settle() const;
   // Stores `child` (of container T) under `key`: into `text`, the member
   // begun there, or into the tree when `text` is null.
@@ -295,10 +310,13 @@ class UTILS_API JsonObject {
   SdkError storeChild(detail::PendingText* text, std::string_view key, Child& child) const;
 
   // A boost::json::object, possibly inside a larger tree that it keeps alive,
-  // or, when null, the content still as text (text_, see above). Mutable for
+  // or, when null, the content still as text (text_, see above), or the
+  // object at `at_` of a parsed text (parsed_), read in place. Mutable for
   // setJsonObjectOfConst and for reads that build the tree.
   mutable std::shared_ptr<void> node_;
   mutable std::unique_ptr<detail::PendingText> text_;
+  mutable std::shared_ptr<const detail::ParsedText> parsed_;
+  mutable std::uint32_t at_ = 0;
 };
 
 // A JSON array: the same storage, text and number rules as JsonObject.
@@ -375,7 +393,8 @@ class UTILS_API JsonArray {
 
  private:
   friend class JsonObject;
-  const void* at(std::size_t index) const;  // boost::json::value*, or null
+  friend struct detail::NodeAccess;
+  detail::NodeRef at(std::size_t index) const;
   SdkError addScalar(const detail::ScalarValue& value);
   SdkError setScalar(std::size_t index, const detail::ScalarValue& value);
   // The text to write element `index` into, the element begun, when it can be
@@ -386,6 +405,8 @@ class UTILS_API JsonArray {
   // As JsonObject's.
   mutable std::shared_ptr<void> node_;
   mutable std::unique_ptr<detail::PendingText> text_;
+  mutable std::shared_ptr<const detail::ParsedText> parsed_;
+  mutable std::uint32_t at_ = 0;
 };
 
 }  // namespace utils
