@@ -259,7 +259,8 @@ SdkError parseWhole(std::string&& text, std::shared_ptr<void>& node,
     at = 0;
     return 0;
   }
-  const SdkError e = parseInto(text.data(), text.size(), node, object ? bj::kind::object : bj::kind::array);
+  const SdkError e =
+      parseInto(text.data(), text.size(), node, object ? bj::kind::object : bj::kind::array);
   if (e == 0) {
     pending.reset();
     parsed.reset();
@@ -426,6 +427,12 @@ SdkError toBool(const NodeRef& node, bool& out) {
 }
 
 SdkError toSigned(const NodeRef& node, std::int64_t& out, std::int64_t lo, std::int64_t hi) {
+  if (node.text != nullptr && node.text->kind(node.at) == TextNode::Int) {
+    const std::int64_t i = node.text->integer(node.at);
+    if (i < lo || i > hi) return errc::outOfRange;
+    out = i;
+    return 0;
+  }
   const ValueOf value(node);
   const bj::value& v = *value;
   switch (v.kind()) {
@@ -485,6 +492,10 @@ SdkError toUnsigned(const NodeRef& node, std::uint64_t& out, std::uint64_t hi) {
 }
 
 SdkError toDouble(const NodeRef& node, double& out) {
+  if (node.text != nullptr && node.text->kind(node.at) == TextNode::Double) {
+    out = node.text->real(node.at);
+    return 0;
+  }
   const ValueOf value(node);
   const bj::value& v = *value;
   switch (v.kind()) {

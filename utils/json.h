@@ -47,7 +47,8 @@ struct NodeRef {
 // The typed conversions behind JsonObject and JsonArray, which check the
 // kind and range of the value found.
 UTILS_API SdkError toBool(const NodeRef& node, bool& out);
-UTILS_API SdkError toSigned(const NodeRef& node, std::int64_t& out, std::int64_t lo, std::int64_t hi);
+UTILS_API SdkError toSigned(const NodeRef& node, std::int64_t& out, std::int64_t lo,
+                            std::int64_t hi);
 UTILS_API SdkError toUnsigned(const NodeRef& node, std::uint64_t& out, std::uint64_t hi);
 UTILS_API SdkError toDouble(const NodeRef& node, double& out);
 UTILS_API SdkError toFloat(const NodeRef& node, float& out);

@@ -116,65 +116,6 @@ bj::parse_options parseOptions(std::size_t maxDepth = 256) {
   return options;
 }
 
-}  // namespace
-
-struct JsonTextParser::Impl {
-  explicit Impl(bj::storage_ptr storage) : parser(parseOptions()) {
-    parser.reset();
-    parser.handler().st.reset(std::move(storage));
-  }
-
-  // Whether the parser stopped on bad text; `ec` then says why.
-  bool failed(const bj::error_code& bec, std::error_code& ec) {
-    if (!bec) return false;
-    ec = std::make_error_code(parser.handler().outOfRange ? std::errc::result_out_of_range
-                                                          : std::errc::invalid_argument);
-    return true;
-  }
-
-  bj::basic_parser<ExactNumberHandler> parser;
-};
-
-JsonTextParser::JsonTextParser(bj::storage_ptr storage)
-    : impl_(std::make_unique<Impl>(std::move(storage))) {}
-
-JsonTextParser::~JsonTextParser() = default;
-
-bool JsonTextParser::write(const char* data, std::size_t size, std::error_code& ec) {
-  try {
-    bj::error_code bec;
-    impl_->parser.write_some(true, data, size, bec);
-    return !impl_->failed(bec, ec);
-  } catch (const std::bad_alloc&) {
-    throw;
-  } catch (const std::exception&) {
-    // A string or array beyond the container limits.
-    ec = std::make_error_code(std::errc::value_too_large);
-    return false;
-  }
-}
-
-bj::value JsonTextParser::finish(std::error_code& ec) {
-  try {
-    bj::error_code bec;
-    impl_->parser.write_some(false, nullptr, 0, bec);
-    if (impl_->failed(bec, ec)) return nullptr;
-    if (!impl_->parser.done()) {
-      ec = std::make_error_code(std::errc::invalid_argument);
-      return nullptr;
-    }
-    ec.clear();
-    return impl_->parser.handler().st.release();
-  } catch (const std::bad_alloc&) {
-    throw;
-  } catch (const std::exception&) {
-    ec = std::make_error_code(std::errc::value_too_large);
-    return nullptr;
-  }
-}
-
-namespace {
-
 bj::value parseWith(std::string_view text, std::error_code& ec, bj::storage_ptr storage,
                     std::size_t maxDepth) {
   try {

@@ -20,25 +20,6 @@ namespace utils {
 boost::json::value parseJson(std::string_view text, std::error_code& ec,
                              boost::json::storage_ptr storage = {});
 
-// The same parse for text that arrives in pieces: a number, string or escape
-// may be split anywhere between two pieces. write() returns false (and sets
-// `ec`) as soon as the text is known to be bad; finish() after the last piece
-// returns the value, or null with `ec` set.
-class JsonTextParser {
- public:
-  explicit JsonTextParser(boost::json::storage_ptr storage);
-  ~JsonTextParser();
-  JsonTextParser(const JsonTextParser&) = delete;
-  JsonTextParser& operator=(const JsonTextParser&) = delete;
-
-  bool write(const char* data, std::size_t size, std::error_code& ec);
-  boost::json::value finish(std::error_code& ec);
-
- private:
-  struct Impl;
-  std::unique_ptr<Impl> impl_;
-};
-
 // The same for text this library wrote itself, with no limit on nesting.
 boost::json::value parseOwnJson(std::string_view text, std::error_code& ec);
 

@@ -1,11 +1,10 @@
 #include "parsedText.h"
 
+#include <bit>
 #include <charconv>
 #include <cstring>
 #include <limits>
 #include <system_error>
-
-#include "pendingText.h"
 
 namespace utils::detail {
 
@@ -20,10 +19,11 @@ constexpr std::size_t kMaxDepth = 255;
 constexpr std::uint64_t kOnes = 0x0101010101010101ull;
 constexpr std::uint64_t kHighs = 0x8080808080808080ull;
 
-// Whether any of the eight bytes of `w` is a quote, a backslash or a control
-// character: the bytes a string's fast scan stops at. It may also stop at
-// another byte, which the byte-wise scan then passes.
-bool stopsString(std::uint64_t w) {
+// The high bit of each of the eight bytes of `w` (first byte lowest) that is
+// a quote, a backslash or a control character, the bytes a string's scan
+// stops at. The lowest bit set is always right; bits above it may be set
+// wrongly, so only the first stop is used.
+std::uint64_t stringStops(std::uint64_t w) {
   const auto has = [w](unsigned char c) {
     const std::uint64_t x = w ^ (kOnes * c);
     return (x - kOnes) & ~x & kHighs;
@@ -61,7 +61,46 @@ std::size_t tableSize(std::uint32_t members) {
 }
 
 bool sameRaw(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
+  if (a.size() != b.size()) return false;
+  const char* x = a.data();
+  const char* y = b.data();
+  std::size_t n = a.size();
+  // Keys are short: word by word, without a call.
+  for (; n >= 8; n -= 8, x += 8, y += 8) {
+    std::uint64_t u, v;
+    std::memcpy(&u, x, 8);
+    std::memcpy(&v, y, 8);
+    if (u != v) return false;
+  }
+  for (; n > 0; --n, ++x, ++y) {
+    if (*x != *y) return false;
+  }
+  return true;
+}
+
+// A hash of a key from its length and its first and last eight bytes, which
+// tell the keys of one object apart well enough for a table.
+std::uint64_t keyHash(std::string_view key) {
+  const char* p = key.data();
+  const std::size_t n = key.size();
+  std::uint64_t head = 0;
+  std::uint64_t tail = 0;
+  if (n >= 8) {
+    std::memcpy(&head, p, 8);
+    std::memcpy(&tail, p + n - 8, 8);
+  } else if (n >= 4) {
+    std::uint32_t first, last;
+    std::memcpy(&first, p, 4);
+    std::memcpy(&last, p + n - 4, 4);
+    head = first;
+    tail = last;
+  } else {
+    for (std::size_t i = 0; i < n; ++i)
+      head = head << 8 | static_cast<unsigned char>(p[i]);
+  }
+  std::uint64_t h = (head ^ (n * 0x9e3779b97f4a7c15ull)) * 0xbf58476d1ce4e5b9ull;
+  h = (h ^ (h >> 31) ^ tail) * 0x94d049bb133111ebull;
+  return h ^ (h >> 29);
 }
 
 }  // namespace
@@ -90,7 +129,7 @@ class TextReader {
   struct Open {
     std::uint32_t node;
     std::uint32_t count;
-    std::uint32_t mark;  // where its elements begin in elements_
+    std::uint32_t mark;  // where its elements or keys begin in items_
   };
 
   // The text is followed by its terminating zero, which no rule below takes:
@@ -103,7 +142,8 @@ class TextReader {
   std::uint32_t offset(const char* p) const { return static_cast<std::uint32_t>(p - begin_); }
 
   // False when a payload or the number of values outgrows TextNode.
-  bool push(TextNode::Kind kind, std::uint32_t a = 0, std::size_t payload = 0, bool escaped = false) {
+  bool push(TextNode::Kind kind, std::uint32_t a = 0, std::size_t payload = 0,
+            bool escaped = false) {
     if (payload > TextNode::kMaxPayload || nodes_.size() >= TextNode::kMaxPayload) return false;
     TextNode n;
     n.a = a;
@@ -137,7 +177,7 @@ class TextReader {
           if (object) {
             if (!key()) return false;
           } else {
-            elements_.push_back(static_cast<std::uint32_t>(nodes_.size()));
+            items_.push_back(static_cast<std::uint32_t>(nodes_.size()));
           }
           break;
         }
@@ -174,7 +214,7 @@ class TextReader {
     if (!push(object ? TextNode::Object : TextNode::Array, offset(p_))) return false;
     ++p_;
     space();
-    open_.push_back({node, 0, static_cast<std::uint32_t>(elements_.size())});
+    open_.push_back({node, 0, static_cast<std::uint32_t>(items_.size())});
     if (*p_ == (object ? '}' : ']')) {
       ++p_;
       return close();
@@ -182,7 +222,7 @@ class TextReader {
     complete = false;
     open_.back().count = 1;
     if (object) return key();
-    elements_.push_back(static_cast<std::uint32_t>(nodes_.size()));
+    items_.push_back(static_cast<std::uint32_t>(nodes_.size()));
     return true;
   }
 
@@ -193,13 +233,13 @@ class TextReader {
     if (object && !checkKeys(top)) return false;
     const auto table = static_cast<std::uint32_t>(out_.extra_.size());
     if (!object) {
-      out_.extra_.insert(out_.extra_.end(), elements_.begin() + top.mark, elements_.end());
-      elements_.resize(top.mark);
+      out_.extra_.insert(out_.extra_.end(), items_.begin() + top.mark, items_.end());
       if (!push(TextNode::Table, table)) return false;
     } else if (top.count > kTabledMembers) {
       out_.extra_.insert(out_.extra_.end(), keyTable_.begin(), keyTable_.end());
       if (!push(TextNode::Table, table)) return false;
     }
+    items_.resize(top.mark);
     if (!push(TextNode::End, offset(p_), top.count)) return false;
     setPayload(top.node, static_cast<std::uint32_t>(nodes_.size()));
     return true;
@@ -208,23 +248,22 @@ class TextReader {
   // Refuses an object that holds a key twice, and leaves the key table of
   // one with more than kTabledMembers members in keyTable_.
   bool checkKeys(const Open& top) {
-    keys_.clear();
-    const auto past = static_cast<std::uint32_t>(nodes_.size());
-    for (std::uint32_t k = top.node + 1; k < past; k = out_.next(k + 1))
-      keys_.push_back(k);
-    if (keys_.size() <= 8) {
-      for (std::size_t i = 1; i < keys_.size(); ++i) {
+    const std::uint32_t* keys = items_.data() + top.mark;
+    const std::size_t count = items_.size() - top.mark;
+    if (count <= 8) {
+      for (std::size_t i = 1; i < count; ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-          if (sameRaw(out_.raw(keys_[i]), out_.raw(keys_[j]))) return false;
+          if (sameRaw(out_.raw(keys[i]), out_.raw(keys[j]))) return false;
         }
       }
       return true;
     }
     keyTable_.assign(tableSize(top.count), 0);
     const std::size_t mask = keyTable_.size() - 1;
-    for (std::uint32_t k : keys_) {
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint32_t k = keys[i];
       const std::string_view name = out_.raw(k);
-      std::size_t slot = PendingText::hash(name) & mask;
+      std::size_t slot = keyHash(name) & mask;
       for (; keyTable_[slot] != 0; slot = (slot + 1) & mask) {
         if (sameRaw(out_.raw(keyTable_[slot]), name)) return false;
       }
@@ -235,6 +274,7 @@ class TextReader {
 
   // A member's key and its colon, p_ at the key's quote.
   bool key() {
+    items_.push_back(static_cast<std::uint32_t>(nodes_.size()));
     if (*p_ != '"' || !string(TextNode::Key)) return false;
     // Escaped keys are compared as decoded text, which the full parser does.
     if (nodes_.back().escaped()) return false;
@@ -259,7 +299,13 @@ class TextReader {
       while (end_ - p_ >= 8) {
         std::uint64_t w;
         std::memcpy(&w, p_, 8);
-        if (stopsString(w)) break;
+        if (const std::uint64_t stops = stringStops(w)) {
+          // The first stop, where bytes are read lowest first.
+          if constexpr (std::endian::native == std::endian::little) {
+            p_ += std::countr_zero(stops) / 8;
+          }
+          break;
+        }
         p_ += 8;
       }
       const auto c = static_cast<unsigned char>(*p_);
@@ -347,7 +393,8 @@ class TextReader {
     // negative ones beyond the signed range, and the negative zero are left
     // to the full parser.
     if (count > 19 || (negative && magnitude == 0)) return false;
-    constexpr auto kSignedMax = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    constexpr auto kSignedMax =
+        static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
     if (negative && magnitude > kSignedMax + 1) return false;
     const bool unsignedOnly = !negative && magnitude > kSignedMax;
     return push(unsignedOnly ? TextNode::Uint : TextNode::Int, offset(first), length);
@@ -359,8 +406,8 @@ class TextReader {
   const char* end_;
   std::vector<TextNode>& nodes_;
   std::vector<Open> open_;
-  std::vector<std::uint32_t> elements_;
-  std::vector<std::uint32_t> keys_;
+  // The element values of the open arrays and the keys of the open objects.
+  std::vector<std::uint32_t> items_;
   std::vector<std::uint32_t> keyTable_;
 };
 
@@ -470,7 +517,7 @@ std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key) const
   if (members > kTabledMembers) {
     const std::uint32_t* table = extra_.data() + nodes_[end - 1].a;
     const std::size_t mask = tableSize(members) - 1;
-    for (std::size_t slot = PendingText::hash(key) & mask; table[slot] != 0; slot = (slot + 1) & mask) {
+    for (std::size_t slot = keyHash(key) & mask; table[slot] != 0; slot = (slot + 1) & mask) {
       if (sameRaw(raw(table[slot]), key)) return table[slot] + 1;
     }
     return 0;
@@ -481,7 +528,8 @@ std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key) const
   return 0;
 }
 
-std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key, std::size_t& cursor) const {
+std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key,
+                               std::size_t& cursor) const {
   const std::size_t expected = cursor == 0 ? object + 1 : cursor;
   std::uint32_t v = 0;
   if (expected > object && expected < next(object) && nodes_[expected].kind() == TextNode::Key &&

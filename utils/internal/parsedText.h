@@ -16,7 +16,18 @@ namespace utils::detail {
 // values.
 struct TextNode {
   enum Kind : std::uint8_t {
-    Null, False, True, Int, Uint, Double, String, Key, Object, Array, Table, End
+    Null,
+    False,
+    True,
+    Int,
+    Uint,
+    Double,
+    String,
+    Key,
+    Object,
+    Array,
+    Table,
+    End
   };
   static constexpr std::uint32_t kMaxPayload = (1u << 27) - 1;
 
