@@ -169,12 +169,19 @@ class UTILS_API JsonTextSource {
 // changes the node, a node built this way and not yet read must not be read
 // from two threads at once; a parsed or already read tree may.
 //
-// A tree made by parser is read in place from one block of memory, released
-// with the last node that sees any part of it. Such a tree is never edited in
-// place: the first write to one of its nodes copies that node's subtree to
-// ordinary memory, as for a shared node. Editing a parsed document therefore
-// costs one copy of the edited node (the whole tree for the document itself),
-// and later edits of the copy cost what edits of a built tree cost.
+// An object or array made by parser keeps the text and an index of its
+// values (8 bytes a value, 4 an array element) and is read in place: a child
+// fetched from it is a view of the same text, numbers are converted when
+// they are read, and the text is released with the last node that sees any
+// part of it. Such a node is never edited in place: the first write to one
+// of them parses that node's own text into a tree of ordinary memory, as
+// for a shared node. Editing a parsed document therefore costs one parse of
+// the edited node (the whole text for the document itself), and later edits
+// cost what edits of a built tree cost. Text that only the full parser reads
+// exactly (a key written with escapes or given twice, a surrogate escape, an
+// integer beyond 64 bits, a number of many digits or a large exponent,
+// nesting beyond 255 levels) is parsed into a tree at once, in one block of
+// memory, with the same copy on the first write.
 class UTILS_API JsonObject {
  public:
   explicit JsonObject(JsonLoad);
@@ -199,7 +206,8 @@ class UTILS_API JsonObject {
 
   // The same lookups for a reader that asks for the keys in about the order
   // they are stored (a record loading what it saved). `cursor` is the position
-  // where the next key is expected, 0 to begin with: a key found there costs
+  // where the next key is expected, 0 to begin with and afterwards only what
+  // lookups in this object left there: a key found there costs
   // one comparison instead of a search, and the cursor moves past the member
   // found. A key stored elsewhere is found as usual and the cursor moves past
   // it; a missing key leaves the cursor where it was.
@@ -279,10 +287,11 @@ class UTILS_API JsonObject {
   // beyond the range of a double, errc::wrongType for JSON that is not an
   // object; the content is unchanged then.
   [[nodiscard]] SdkError parser(const char* text, std::size_t length);
-  // The same for text that `source` hands over in pieces, so that the whole
-  // text need never be in memory. A code from the source ends the parse with
-  // that code. The source's codes come first: after bad text the rest is
-  // still drawn from the source, and a code it gives then is returned.
+  // The same for text that `source` hands over in pieces (decoded from a
+  // payload, say), so that the caller need not gather it first: the pieces
+  // are gathered once here, since the object is read in place from its text.
+  // A code from the source ends the parse with that code. The source's codes come first: after bad
+  // text the rest is still drawn from the source, and a code it gives then is returned.
   [[nodiscard]] SdkError parser(JsonTextSource& source);
 
  protected:

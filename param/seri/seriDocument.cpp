@@ -233,8 +233,10 @@ SdkError SeriDocument::readFromFile(const utils::path& file) {
   SdkError e = in.read(0, header, kHeaderSize);
   const SeriOption option(loadWord(header));
 
-  // Base64, XOR and LZMA are read, decoded and parsed a slice at a time; an
-  // AES payload is decrypted whole, and dropped before its text is parsed.
+  // Base64, XOR and LZMA are read and decoded a slice at a time into the
+  // text, which the document is then read from in place: the payload is
+  // never held whole. An AES payload is decrypted whole, and dropped before
+  // its text is parsed.
   if (e == 0 && PayloadText::handles(option)) {
     FilePayload payload(in, kHeaderSize);
     PayloadText text(payload, option);

@@ -1,5 +1,6 @@
 #include "parsedText.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cstring>
@@ -258,6 +259,16 @@ class TextReader {
       }
       return true;
     }
+    // Records of one kind come one after another with the same keys in the
+    // same order: keys that match those of the last object checked are
+    // distinct too, which costs a comparison a key instead of a hash.
+    const bool tabled = count > kTabledMembers;
+    if (!tabled && count == lastKeys_.size() &&
+        std::equal(keys, keys + count, lastKeys_.begin(), [this](std::uint32_t a, std::uint32_t b) {
+          return sameRaw(out_.raw(a), out_.raw(b));
+        })) {
+      return true;
+    }
     keyTable_.assign(tableSize(top.count), 0);
     const std::size_t mask = keyTable_.size() - 1;
     for (std::size_t i = 0; i < count; ++i) {
@@ -269,6 +280,7 @@ class TextReader {
       }
       keyTable_[slot] = k;
     }
+    if (!tabled) lastKeys_.assign(keys, keys + count);
     return true;
   }
 
@@ -409,6 +421,7 @@ class TextReader {
   // The element values of the open arrays and the keys of the open objects.
   std::vector<std::uint32_t> items_;
   std::vector<std::uint32_t> keyTable_;
+  std::vector<std::uint32_t> lastKeys_;  // of the last object of 9 to 32 members checked
 };
 
 std::shared_ptr<const ParsedText> ParsedText::parse(std::string&& text) {

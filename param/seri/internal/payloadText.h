@@ -50,9 +50,8 @@ class FilePayload : public PayloadBytes {
 };
 
 // The JSON text of a base64, XOR or LZMA payload, decoded a slice at a time as
-// the parser asks for it, so that neither the payload nor the text is ever in
-// memory whole. The codes are those of decoding the payload at once (the
-// decode limit included), each given as soon as it is known.
+// the parser asks for it, so that the payload is never in memory whole. The codes are those of
+// decoding the payload at once (the decode limit included), each given as soon as it is known.
 class PayloadText : public utils::JsonTextSource {
  public:
   // About this many bytes of payload are read at a time; rounded up to a
