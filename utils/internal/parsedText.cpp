@@ -119,7 +119,7 @@ class TextReader {
   bool run() {
     // Documents hold a value every 6 to 16 characters; pages of the room
     // that stays unused are never touched.
-    nodes_.reserve(out_.text_.size() / 4 + 16);
+    nodes_.reserve(out_.text_.size() / 6 + 16);
     space();
     if (!value()) return false;
     space();
@@ -451,21 +451,6 @@ void ParsedText::decode(std::uint32_t i, std::string& out) const {
     }
     const char e = s[++k];
     switch (e) {
-      case 'b':
-        out.push_back('\b');
-        break;
-      case 'f':
-        out.push_back('\f');
-        break;
-      case 'n':
-        out.push_back('\n');
-        break;
-      case 'r':
-        out.push_back('\r');
-        break;
-      case 't':
-        out.push_back('\t');
-        break;
       case 'u': {
         // Checked when read: four hex digits, not a surrogate.
         const auto u = static_cast<unsigned long>(hexUnit(s.data() + k + 1));
@@ -482,9 +467,15 @@ void ParsedText::decode(std::uint32_t i, std::string& out) const {
         }
         break;
       }
-      default:  // the quote, the backslash and the slash stand for themselves
-        out.push_back(e);
+      default: {
+        // Control characters by letter; the quote, the backslash and the
+        // slash stand for themselves.
+        constexpr std::string_view kLetters = "bfnrt";
+        constexpr std::string_view kControls = "\b\f\n\r\t";
+        const std::size_t letter = kLetters.find(e);
+        out.push_back(letter == std::string_view::npos ? e : kControls[letter]);
         break;
+      }
     }
   }
 }
