@@ -130,6 +130,19 @@ TEST(ParsedText, FindsMembersOfLargeObjectsAndElementsOfLongArrays) {
     }
     EXPECT_EQ(list.get(1000, v), errc::indexOutOfRange);
   }
+
+  // A cursor left by lookups in a child, pointing at one of the child's own
+  // keys, finds the parent's member of that name.
+  const std::string text = R"({"b":{"x":0,"k":1},"k":2})";
+  JsonObject parent(JsonLoad::instance);
+  JsonObject child(JsonLoad::instance);
+  ASSERT_EQ(parent.parser(text.data(), text.size()), 0u);
+  ASSERT_EQ(parent.getJsonObject("b", child), 0u);
+  std::size_t cursor = 0;
+  int v = -1;
+  ASSERT_EQ(child.get("x", v, cursor), 0u);
+  EXPECT_EQ(parent.get("k", v, cursor), 0u);
+  EXPECT_EQ(v, 2);
 }
 
 // Views of a parsed text share it; a change copies only the node changed,

@@ -534,7 +534,19 @@ std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key) const
 
 std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key,
                                std::size_t& cursor) const {
-  const std::size_t expected = cursor == 0 ? object + 1 : cursor;
+  // The cursor holds the index of the Key expected next and, where size_t
+  // has room, the object it belongs to: a cursor from another object's
+  // lookups starts over at the first member instead of reading a Key that
+  // is not a member of this one.
+  constexpr bool kTagged = sizeof(std::size_t) >= 8;
+  std::size_t expected = object + 1;
+  if constexpr (kTagged) {
+    if ((static_cast<std::uint64_t>(cursor) >> 32) == object + 1ull) {
+      expected = static_cast<std::uint32_t>(cursor);
+    }
+  } else if (cursor != 0) {
+    expected = cursor;
+  }
   std::uint32_t v = 0;
   if (expected > object && expected < next(object) && nodes_[expected].kind() == TextNode::Key &&
       sameRaw(raw(static_cast<std::uint32_t>(expected)), key)) {
@@ -544,6 +556,7 @@ std::uint32_t ParsedText::find(std::uint32_t object, std::string_view key,
     if (v == 0) return 0;
   }
   cursor = next(v);
+  if constexpr (kTagged) cursor |= static_cast<std::size_t>((object + 1ull) << 32);
   return v;
 }
 

@@ -93,8 +93,8 @@ class ParsedText {
   std::uint32_t membersEnd(std::uint32_t object) const;
   // The value of member `key` of the object at `object`; 0 when missing.
   std::uint32_t find(std::uint32_t object, std::string_view key) const;
-  // The same, first trying the member whose Key is at `cursor` (0 for the
-  // first member), and moving `cursor` to the member after the one found.
+  // The same, first trying the member `cursor` points at (0 for the first
+  // member), and pointing `cursor` at the member after the one found.
   std::uint32_t find(std::uint32_t object, std::string_view key, std::size_t& cursor) const;
   // Element `index` of the array at `array`; 0 past its end.
   std::uint32_t element(std::uint32_t array, std::size_t index) const;
