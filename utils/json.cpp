@@ -76,6 +76,12 @@ class ValueOf {
   const bj::value* value_;
 };
 
+// What a lookup in a parsed text found at `v`: nothing for 0.
+detail::NodeRef parsedRef(const std::shared_ptr<const ParsedText>& text, std::uint32_t v) {
+  if (v == 0) return {};
+  return {nullptr, text.get(), v};
+}
+
 // The whole value a lookup found as a tree of its own: a parsed container is
 // parsed again from its text, which is known to parse.
 bj::value treeOf(const detail::NodeRef& n) {
@@ -639,9 +645,7 @@ SdkError JsonObject::addJsonArray(std::string_view key, JsonArray&& child) {
 detail::NodeRef JsonObject::find(const char* key) const {
   if (key == nullptr) return {};
   if (parsed_) {
-    const std::uint32_t v = parsed_->find(at_, key);
-    if (v == 0) return {};
-    return {nullptr, parsed_.get(), v};
+    return parsedRef(parsed_, parsed_->find(at_, key));
   }
   settle();
   if (!node_) return {};
@@ -651,9 +655,7 @@ detail::NodeRef JsonObject::find(const char* key) const {
 detail::NodeRef JsonObject::find(const char* key, std::size_t& cursor) const {
   if (key == nullptr) return {};
   if (parsed_) {
-    const std::uint32_t v = parsed_->find(at_, key, cursor);
-    if (v == 0) return {};
-    return {nullptr, parsed_.get(), v};
+    return parsedRef(parsed_, parsed_->find(at_, key, cursor));
   }
   settle();
   if (!node_) return {};
@@ -895,9 +897,7 @@ void JsonArray::reserve(std::size_t count) {
 
 detail::NodeRef JsonArray::at(std::size_t index) const {
   if (parsed_) {
-    const std::uint32_t v = parsed_->element(at_, index);
-    if (v == 0) return {};
-    return {nullptr, parsed_.get(), v};
+    return parsedRef(parsed_, parsed_->element(at_, index));
   }
   settle();
   if (!node_) return {};

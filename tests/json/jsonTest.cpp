@@ -8,21 +8,14 @@
 
 #include <utils/json.h>
 
+#include "../support/testSupport.h"
+
+using testing_support::parsed;
 using utils::JsonArray;
 using utils::JsonLoad;
 using utils::JsonObject;
 using utils::JsonSave;
 namespace errc = utils::errc;
-
-namespace {
-
-JsonObject parsed(const std::string& text) {
-  JsonObject o(JsonLoad::instance);
-  EXPECT_EQ(o.parser(text.data(), text.size()), 0u) << text;
-  return o;
-}
-
-}  // namespace
 
 TEST(Json, NumbersAreWrittenAsPeopleWriteThem) {
   JsonObject o(JsonSave::instance);

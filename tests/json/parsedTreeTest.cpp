@@ -7,6 +7,9 @@
 
 #include <utils/json.h>
 
+#include "../support/testSupport.h"
+
+using testing_support::parsed;
 using utils::JsonArray;
 using utils::JsonLoad;
 using utils::JsonObject;
@@ -40,12 +43,6 @@ class PieceSource : public utils::JsonTextSource {
   std::size_t at_ = 0;
   std::unique_ptr<char[]> buffer_;
 };
-
-JsonObject parsed(const std::string& text) {
-  JsonObject o(JsonLoad::instance);
-  EXPECT_EQ(o.parser(text.data(), text.size()), 0u) << text;
-  return o;
-}
 
 }  // namespace
 
